@@ -1,0 +1,26 @@
+# The compiler settings that every target of the project is built with.
+add_library(zelvar_build_settings INTERFACE)
+target_compile_definitions(zelvar_build_settings INTERFACE
+    QT_DEPRECATED_WARNINGS QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
+    ZELVAR_VERSION="${PROJECT_VERSION}")
+target_include_directories(zelvar_build_settings INTERFACE ${PROJECT_SOURCE_DIR})
+if(MSVC)
+    target_compile_options(zelvar_build_settings INTERFACE /W4 $<$<BOOL:${ZELVAR_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+    target_compile_options(zelvar_build_settings INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+        $<$<BOOL:${ZELVAR_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+if(ZELVAR_SANITIZERS)
+    target_compile_options(zelvar_build_settings INTERFACE
+        -fsanitize=${ZELVAR_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(zelvar_build_settings INTERFACE -fsanitize=${ZELVAR_SANITIZERS})
+endif()
+
+# zelvar_room(NAME SOURCES... LINKS ...): one folder of the program as a static library. What a room may
+# include is what it links, so the link list is the room's list of allowed arrows.
+function(zelvar_room name)
+    cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "SOURCES;LINKS")
+    add_library(zelvar_${name} STATIC ${ROOM_SOURCES})
+    target_link_libraries(zelvar_${name} PUBLIC zelvar_build_settings ${ROOM_LINKS})
+endfunction()

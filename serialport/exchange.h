@@ -1,0 +1,120 @@
+#pragma once
+
+#include "serialport/packet.h"
+#include "serialport/protocol1.h"
+#include "serialport/protocol2.h"
+
+#include <QByteArray>
+
+#include <chrono>
+#include <optional>
+
+/** What is asked of one servo. */
+struct BusRequest
+{
+    enum class Operation
+    {
+        Read,
+        Write,
+        Reboot,
+        FactoryReset,
+    };
+
+    Operation operation = Operation::Read;
+    quint8 id = 0;
+    quint8 address = 0; ///< first register of a read or write
+    quint8 length = 0;  ///< registers to read
+    QByteArray data;    ///< bytes to write
+
+    bool operator==(const BusRequest &other) const;
+};
+
+/**
+ * One exchange on the bus, from the first packet to the reply or to giving up, without port and clock: says what to
+ * send and how long to wait, and is told what arrived and that the time is over.
+ *
+ * To a servo whose framing is not known yet, a read and a factory reset go out in the first framing and, when nothing
+ * answers within its answer window, in the other one; an answer in either counts.
+ */
+class Exchange
+{
+public:
+    using Duration = std::chrono::microseconds;
+
+    /** Bytes to send now and how long to wait from then on. */
+    struct Transmission
+    {
+        QByteArray packet;
+        Duration patience{0};
+    };
+
+    enum class Progress
+    {
+        Waiting,  ///< no answer yet
+        Answered, ///< reply() has the bytes to hand over
+        Refused,  ///< the servo answered a read with an error in place of data
+        Garbled,  ///< the servo says that the request reached it damaged: worth repeating
+    };
+
+    /**
+     * @param first framing to speak first to a servo of which @p known says nothing yet.
+     * @param baudRate bits per second; greater than 0.
+     */
+    Exchange(const BusRequest &request, wire::Framing first, std::optional<wire::Framing> known, int baudRate);
+
+    const BusRequest &request() const { return m_request; }
+
+    /** The packet that starts the exchange, or repeats it after a time-out. */
+    Transmission begin();
+    /** Takes received bytes, in any slices. */
+    Progress take(const QByteArray &bytes);
+    /**
+     * The time is over: what to send or wait for still, or nothing when the attempt has failed. A transmission without
+     * a packet means waiting on.
+     */
+    std::optional<Transmission> timeOut();
+
+    /** The reply to hand over. REQUIRES: Progress::Answered. */
+    QByteArray reply() const { return m_reply; }
+    /** The framing that the servo answered in; empty until it did. */
+    std::optional<wire::Framing> answeredIn() const { return m_answeredIn; }
+
+    /** Longest time from handing @p requestSize bytes to the port until the whole reply of @p replySize is here. */
+    static Duration patience(int requestSize, int replySize, int baudRate);
+    /** Longest time that a reboot or a factory reset, which are sent once, is waited for in all. */
+    static constexpr Duration OneShotPatience = std::chrono::milliseconds(300);
+    /** Time that request and reply take on the wire, and a little: when to try the other framing. */
+    static Duration answerWindow(int requestSize, int replySize, int baudRate);
+
+private:
+    enum class Stage
+    {
+        FirstFraming, ///< waiting for the answer window of a servo whose framing is not known
+        LastFraming,  ///< nothing else will be sent in this attempt
+    };
+
+    Transmission transmit(wire::Framing framing);
+    QByteArray encoded(wire::Framing framing) const;
+    int replySize(wire::Framing framing) const;
+    bool isOneShot() const;
+    bool mayTryOtherFraming() const;
+    Duration patienceFor(wire::Framing framing, int packetSize) const;
+    bool isInsideFirstAnswer() const;
+    std::optional<Progress> examine(const wire::Packet &packet);
+    Progress accept(const wire::Packet &packet);
+
+    BusRequest m_request;
+    wire::Framing m_first;
+    std::optional<wire::Framing> m_known;
+    int m_baudRate;
+    Stage m_stage = Stage::LastFraming;
+    bool m_windowExtended = false;
+    Duration m_waited{0}; ///< patience of the transmissions of this attempt so far
+    bool m_listensTo1 = false;
+    bool m_listensTo2 = false;
+    QByteArray m_unseenEcho; ///< a 1.0 packet that an adapter may echo
+    wire::protocol1::Parser m_parser1;
+    wire::protocol2::Parser m_parser2;
+    QByteArray m_reply;
+    std::optional<wire::Framing> m_answeredIn;
+};

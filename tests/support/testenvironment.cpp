@@ -1,0 +1,33 @@
+#include "tests/support/testenvironment.h"
+
+#include <QLocale>
+#include <QSettings>
+
+#include <cstdio>
+
+namespace {
+
+void printMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        std::fprintf(stderr, "QWARN  : outside the test functions: %s\n", qPrintable(message));
+}
+
+} // namespace
+
+TestEnvironment::TestEnvironment()
+{
+    qInstallMessageHandler(printMessage);
+    if (!m_folder.isValid())
+        qFatal("no temporary folder");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    QLocale::setDefault(QLocale::c());
+}
+
+TestEnvironment::~TestEnvironment()
+{
+    qInstallMessageHandler(nullptr);
+}

@@ -1,0 +1,98 @@
+#include "link/uischeduler.h"
+
+#include "link/ipolltarget.h"
+#include "link/lookup.h"
+#include "link/serialhelper.h"
+
+#include <QPointer>
+#include <QTimerEvent>
+
+#include <utility>
+
+namespace {
+
+constexpr int CursorEnd = 120;    // the poll map covers the registers below it
+constexpr int ErrorByteIndex = 8; // of a read reply
+constexpr int DataIndex = 9;      // where register 0 stands in a read reply
+
+/** The little-endian value of up to @p size bytes of @p reply from @p index; bytes past its end count as absent. */
+quint32 assembled(const QByteArray &reply, int index, int size)
+{
+    quint32 value = 0;
+    for (int i = 0; i < size && index + i < reply.size(); ++i)
+        value += static_cast<quint32>(static_cast<quint8>(reply[index + i])) << (8 * i);
+    return value;
+}
+
+} // namespace
+
+UiScheduler::UiScheduler(uint8_t servoId, std::shared_ptr<SerialHelper> serialHelper, IPollTarget &target,
+                         QObject *writeSource)
+    : m_servoId(servoId), m_serialHelper(std::move(serialHelper)), m_target(target)
+{
+    if (writeSource) {
+        connect(writeSource, SIGNAL(addQueueRequest(uint8_t , const QByteArray &)), this,
+                SLOT(addQueueRequest(uint8_t, const QByteArray &)));
+    }
+}
+
+UiScheduler::~UiScheduler() = default;
+
+void UiScheduler::addQueueRequest(uint8_t address, const QByteArray &data)
+{
+    const auto ignoreReply = [](const QByteArray &) {};
+    m_queue.push_back(std::make_shared<QueueRequest>(QueueRequest{m_servoId, address, data, ignoreReply}));
+}
+
+void UiScheduler::startScheduler(int pollingInterval)
+{
+    stopScheduler();
+    m_timerId = startTimer(pollingInterval, Qt::CoarseTimer);
+}
+
+void UiScheduler::stopScheduler()
+{
+    if (m_timerId != 0)
+        killTimer(std::exchange(m_timerId, 0));
+}
+
+void UiScheduler::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_timerId)
+        return;
+    if (m_queue.empty())
+        poll();
+    else
+        sendOldestWrite();
+}
+
+void UiScheduler::sendOldestWrite()
+{
+    const std::shared_ptr<QueueRequest> request = m_queue.front();
+    m_queue.erase(m_queue.begin());
+    m_serialHelper->writeData(request->id, request->address, request->data, request->callback);
+}
+
+void UiScheduler::poll()
+{
+    const auto binding = lookup(m_target.registerBindings(), static_cast<quint8>(m_pollCursor));
+    // The reply may come after this scheduler has been replaced by the next connection's.
+    const auto takeReply = [self = QPointer<UiScheduler>(this)](const QByteArray &reply) {
+        if (self)
+            self->groupCallback(reply);
+    };
+    m_serialHelper->readData(m_servoId, 0, m_target.readLength(), takeReply);
+    m_pollCursor += binding->size;
+    if (m_pollCursor >= CursorEnd)
+        m_pollCursor = 0;
+}
+
+void UiScheduler::groupCallback(const QByteArray &reply)
+{
+    for (const auto &[address, item] : m_target.registerBindings()) {
+        const quint32 value = assembled(reply, DataIndex + address, item->size);
+        item->handler(static_cast<qint32>(value));
+        m_target.updateRegister(address, item->size, value);
+    }
+    m_target.updateStatus(reply.size() > ErrorByteIndex ? static_cast<qint8>(reply[ErrorByteIndex]) : qint8(0));
+}

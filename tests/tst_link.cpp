@@ -1,0 +1,238 @@
+// The serial helper's counting of reply bytes and the scheduler's ticks, over a serial port that does what the test says.
+
+#include "link/ipolltarget.h"
+#include "link/lookup.h"
+#include "link/serialhelper.h"
+#include "link/uischeduler.h"
+#include "tests/support/fakeserialport.h"
+#include "tests/support/testenvironment.h"
+
+namespace {
+
+/** A poll target with a walk from 0 to 119 that writes down what reaches it. */
+class RecordingTarget : public IPollTarget
+{
+public:
+    RecordingTarget()
+    {
+        for (int address = 0; address < 120; address += sizeAt(address)) {
+            bindings[quint8(address)] = std::make_shared<RegisterItemHelper>(RegisterItemHelper{
+                quint8(sizeAt(address)), [this, address](qint32 value) { handled[address] = value; }});
+        }
+    }
+    static int sizeAt(int address) { return address < 116 ? 4 : (address == 116 ? 2 : 1); }
+
+    const RegisterBindings &registerBindings() const override { return bindings; }
+    quint8 readLength() const override { return length; }
+    void updateRegister(quint16 address, quint8, quint32 value) override { shown[address] = value; }
+    void updateStatus(qint8 error) override { errors.append(error); }
+
+    quint8 length = 118;
+    RegisterBindings bindings;
+    QMap<int, qint32> handled;
+    QMap<int, quint32> shown;
+    QList<int> errors;
+};
+
+class WriteSource : public QObject
+{
+    Q_OBJECT
+Q_SIGNALS:
+    void addQueueRequest(uint8_t address, const QByteArray &data);
+};
+
+} // namespace
+
+class TestLink : public QObject
+{
+    Q_OBJECT
+
+    std::shared_ptr<FakeSerialPort> m_port;
+    std::shared_ptr<SerialHelper> m_helper;
+    QList<QByteArray> m_replies;
+
+    std::function<void(QByteArray)> collect()
+    {
+        return [this](const QByteArray &reply) { m_replies.append(reply); };
+    }
+    QStringList operations() const
+    {
+        QStringList operations;
+        for (const auto &call : m_port->calls)
+            operations.append(call.operation);
+        return operations;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_port = std::make_shared<FakeSerialPort>();
+        m_helper = std::make_shared<SerialHelper>(m_port);
+        m_replies.clear();
+    }
+
+    void aReplyIsCompleteAtExactlyItsLength_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<QList<int>>("chunks");
+        QTest::addColumn<QList<int>>("replySizes");
+        QTest::newRow("in one chunk") << 4 << QList<int>{15} << QList<int>{15};
+        QTest::newRow("in slices") << 4 << QList<int>{1, 0, 9, 5} << QList<int>{15};
+        QTest::newRow("not yet") << 4 << QList<int>{14} << QList<int>{};
+        QTest::newRow("no data") << 0 << QList<int>{11} << QList<int>{11};
+        QTest::newRow("count starts at 0 and wraps") << 245 << QList<int>{100, 156} << QList<int>{256};
+        QTest::newRow("too long: wraps and goes on") << 0 << QList<int>{14, 252, 1} << QList<int>{267};
+    }
+
+    void aReplyIsCompleteAtExactlyItsLength()
+    {
+        QFETCH(int, length);
+        QFETCH(QList<int>, chunks);
+        m_helper->readData(1, 0, uint8_t(length), collect());
+        QByteArray all;
+        for (int size : chunks) {
+            const QByteArray chunk(size, char('a' + size % 26));
+            all += chunk;
+            m_port->deliver(chunk);
+        }
+        QList<int> sizes;
+        for (const QByteArray &reply : qAsConst(m_replies))
+            sizes.append(reply.size());
+        QTEST(sizes, "replySizes");
+        if (!m_replies.isEmpty()) {
+            QCOMPARE(m_replies[0], all);
+            QCOMPARE(operations().last(), QString("cleanUp"));
+        }
+    }
+
+    void writeRepliesReachNobody()
+    {
+        m_helper->writeData(1, 50, "ab", collect());
+        m_port->deliver(QByteArray(6, 'x'));
+        QCOMPARE(m_replies.size(), 0);
+        QCOMPARE(operations(), (QStringList{"write", "cleanUp"}));
+        m_helper->reboot(1, collect());
+        m_port->deliver(QByteArray(6, 'y'));
+        QCOMPARE(m_replies, QList<QByteArray>{QByteArray(6, 'y')}); // nothing was left over
+    }
+
+    void aNewRequestInheritsThePartialReply()
+    {
+        m_helper->readData(1, 0, 4, collect());
+        m_port->deliver("abc");
+        m_helper->readData(1, 0, 0, collect());
+        m_port->deliver(QByteArray(11, 'd'));
+        QCOMPARE(m_replies, QList<QByteArray>{"abc" + QByteArray(11, 'd')});
+    }
+
+    void baudRateCodes()
+    {
+        const QList<int> codes{207, 103, 51, 34, 16, 9, 7, 4, 3, 1, 0};
+        for (int index = 0; index < codes.size(); ++index) {
+            QCOMPARE(SerialHelper::baudRateRegisterValue(index), codes[index]);
+            QCOMPARE(SerialHelper::baudRateIndex(codes[index]), index);
+        }
+        QCOMPARE(SerialHelper::baudRateRegisterValue(11), 1);
+        QCOMPARE(SerialHelper::baudRateRegisterValue(-1), 1);
+        QCOMPARE(SerialHelper::baudRateIndex(2), -1);
+    }
+
+    void writesGoOutBeforePolls()
+    {
+        RecordingTarget target;
+        WriteSource source;
+        UiScheduler scheduler(7, m_helper, target, &source);
+        UiScheduler replaced(8, m_helper, target, nullptr);
+        Q_EMIT source.addQueueRequest(48, "a");
+        Q_EMIT source.addQueueRequest(3, "b");
+        Q_EMIT source.addQueueRequest(48, "c");
+        scheduler.startScheduler(1);
+        QTRY_VERIFY(m_port->calls.size() >= 5);
+        scheduler.stopScheduler();
+        QCOMPARE(operations().mid(0, 5), (QStringList{"write", "write", "write", "read", "read"}));
+        QCOMPARE(m_port->calls[0].data + m_port->calls[1].data + m_port->calls[2].data, QByteArray("abc"));
+        QCOMPARE(m_port->calls[1].address, 3);
+        QCOMPARE(m_port->calls[3].id, 7);
+        QCOMPARE(m_port->calls[3].length, 118);
+        const int calls = m_port->calls.size();
+        Q_EMIT source.addQueueRequest(48, "d"); // waits for the timer
+        QCoreApplication::processEvents();
+        QCOMPARE(m_port->calls.size(), calls);
+    }
+
+    void aRefusedWriteIsDropped()
+    {
+        RecordingTarget target;
+        WriteSource source;
+        UiScheduler scheduler(7, m_helper, target, &source);
+        m_port->acceptsRequests = false;
+        Q_EMIT source.addQueueRequest(48, "a");
+        scheduler.startScheduler(1);
+        QTRY_VERIFY(m_port->calls.size() >= 3);
+        QCOMPARE(operations().mid(0, 3), (QStringList{"write", "read", "read"}));
+    }
+
+    void theWalkWrapsBeforeTheEndOfTheMap()
+    {
+        RecordingTarget target;
+        UiScheduler scheduler(1, m_helper, target, nullptr);
+        scheduler.startScheduler(1);
+        QTRY_VERIFY(m_port->calls.size() > 2 * int(target.bindings.size()));
+    }
+
+    void aReplyIsCutIntoRegisters_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<qint32>("first");
+        QTest::addColumn<qint32>("second");
+        QTest::addColumn<qint32>("later");
+        QTest::newRow("whole") << 118 << qint32(0x83828180) << qint32(0x87868584) << qint32(0xF3F2F1F0);
+        QTest::newRow("short") << 0 << qint32(0x8180) << 0 << 0;
+    }
+
+    void aReplyIsCutIntoRegisters()
+    {
+        QFETCH(int, length);
+        RecordingTarget target;
+        target.length = quint8(length);
+        UiScheduler scheduler(1, m_helper, target, nullptr);
+        scheduler.startScheduler(1);
+        QTRY_VERIFY(!m_port->calls.isEmpty());
+        scheduler.stopScheduler();
+        QByteArray reply = QByteArray(8, '\0') + '\x82';
+        for (int i = 0; i < length + 2; ++i)
+            reply.append(char(0x80 + i));
+        m_port->deliver(reply);
+        QTEST(target.handled.value(0), "first");
+        QTEST(target.handled.value(4), "second");
+        QTEST(target.handled.value(112), "later");
+        QCOMPARE(target.handled.size(), int(target.bindings.size()));
+        QCOMPARE(target.shown.keys(), target.handled.keys());
+        QCOMPARE(qint32(target.shown.value(0)), target.handled.value(0));
+        QCOMPARE(target.errors, QList<int>{-126});
+    }
+
+    void aReplyToAReplacedSchedulerReachesNothing()
+    {
+        RecordingTarget target;
+        auto scheduler = std::make_unique<UiScheduler>(1, m_helper, target, nullptr);
+        scheduler->startScheduler(1);
+        QTRY_VERIFY(!m_port->calls.isEmpty());
+        scheduler.reset();
+        m_port->deliver(QByteArray(129, 'x'));
+        QCOMPARE(target.shown.size(), 0);
+    }
+
+    void anUnknownKeySaysSo()
+    {
+        try {
+            lookup(std::map<int, int>{{1, 2}}, 3);
+            QFAIL("nothing thrown");
+        } catch (const std::out_of_range &error) {
+            QCOMPARE(error.what(), "invalid map<K, T> key");
+        }
+    }
+};
+
+ZELVAR_TEST_MAIN(TestLink)
+#include "tst_link.moc"

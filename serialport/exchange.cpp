@@ -2,6 +2,8 @@
 
 #include "serialport/replylayout.h"
 
+#include <algorithm>
+
 using wire::Framing;
 
 namespace {
@@ -113,7 +115,7 @@ Exchange::Transmission Exchange::transmit(Framing framing)
 Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
 {
     if (m_stage == Stage::LastFraming && isOneShot())
-        return OneShotPatience - m_waited;
+        return std::max(OneShotPatience - m_waited, Duration(0));
     if (m_stage == Stage::FirstFraming && !isOneShot())
         return answerWindow(packetSize, replySize(framing), m_baudRate);
     const int stuffing = framing == Framing::Protocol2 ? worstStuffing(m_request.length) : 0;

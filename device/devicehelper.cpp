@@ -1,0 +1,86 @@
+#include "device/devicehelper.h"
+
+#include "device/dynamixelax12.h"
+#include "device/zelvarv1.h"
+#include "link/processwide.h"
+#include "link/serialhelper.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace {
+
+constexpr uint8_t ModelNumberAddress = 0;
+constexpr uint8_t ModelNumberSize = 2;
+
+// Where a 1.0 status packet has its first parameters. In a 2.0 reply these are the two bytes of the
+// packet's length, which is never 12 for a read of two bytes.
+constexpr int ModelNumberLowIndex = 5;
+constexpr int ModelNumberHighIndex = 6;
+
+constexpr char Ax12ModelNumber = 12;
+
+bool isFromAx12(const QByteArray &reply)
+{
+    return reply.size() > ModelNumberHighIndex && reply.at(ModelNumberLowIndex) == Ax12ModelNumber &&
+           reply.at(ModelNumberHighIndex) == 0;
+}
+
+} // namespace
+
+DeviceHelper::DeviceHelper(std::shared_ptr<SerialHelper> serialHelper, std::function<void()> deviceLoaded,
+                           ModeDependencyFactory makeDependencies)
+    : m_serialHelper(std::move(serialHelper)), m_deviceLoaded(std::move(deviceLoaded)),
+      m_makeDependencies(std::move(makeDependencies))
+{
+}
+
+void DeviceHelper::identify(uint8_t servoId)
+{
+    // The serial helper keeps the callback longer than this object may live.
+    const QPointer<DeviceHelper> self(this);
+    m_serialHelper->readData(servoId, ModelNumberAddress, ModelNumberSize, [self](const QByteArray &reply) {
+        if (self)
+            self->onModelNumberRead(reply);
+    });
+}
+
+void DeviceHelper::onModelNumberRead(const QByteArray &reply)
+{
+    m_device = makeDevice(isFromAx12(reply));
+    Q_EMIT loadDeviceMetadata();
+    m_deviceLoaded();
+}
+
+bool DeviceHelper::reboot(uint8_t servoId, std::function<void(QByteArray)> callback)
+{
+    const bool isAccepted = m_serialHelper->reboot(servoId, std::move(callback));
+    m_serialHelper->closeSerialPort();
+    return isAccepted;
+}
+
+bool DeviceHelper::factoryReset(uint8_t servoId, std::function<void(QByteArray)> callback)
+{
+    const bool isAccepted = m_serialHelper->reset(servoId, std::move(callback));
+    m_serialHelper->closeSerialPort();
+    return isAccepted;
+}
+
+std::shared_ptr<IDevice> DeviceHelper::device() const
+{
+    return m_device;
+}
+
+std::shared_ptr<IDevice> DeviceHelper::currentDevice()
+{
+    const std::shared_ptr<DeviceHelper> helper = ProcessWide<DeviceHelper>::instance();
+    return helper ? helper->device() : nullptr;
+}
+
+std::shared_ptr<IDevice> DeviceHelper::makeDevice(bool isAx12) const
+{
+    if (isAx12)
+        return std::make_shared<DynamixelAx12>();
+    return std::make_shared<ZelvarV1>(m_makeDependencies ? m_makeDependencies() : ModeDependencies());
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+/** A control that shows one status bit. */
+class IStatusIndicator
+{
+public:
+    virtual ~IStatusIndicator() = default;
+
+    virtual void setStatus(bool on) = 0;
+};

@@ -4,6 +4,7 @@
 #include "device/tracked.h"
 #include "link/registeritemhelper.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -48,6 +49,11 @@ public:
      * yet.
      */
     std::optional<quint8> lastByte(quint8 address) const;
+    /**
+     * Takes @p bytes, just written from @p address, for what the registers hold until they are read again; bytes
+     * of registers that have not been read are passed over.
+     */
+    void assumeWritten(quint8 address, const QByteArray &bytes);
     /** Forgets every byte read so far. */
     void forgetValues();
 

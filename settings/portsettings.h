@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/** What the serial port is opened with, and the texts that the settings dialog showed for it. */
+struct PortSettings
+{
+    QString portName;
+    qint32 baudRate = 1000000; ///< bits per second
+    QString baudRateText;
+    qint32 dataBits = 8;
+    QString dataBitsText;
+    qint32 parity = 0; ///< 0 none, 2 even, 3 odd, 4 space, 5 mark
+    QString parityText;
+    qint32 stopBits = 1; ///< 1 one, 2 two, 3 one and a half
+    QString stopBitsText;
+    // Part of the record, but nothing in the program sets or reads them.
+    qint32 flowControl = 0;
+    QString flowControlText;
+    bool localEchoEnabled = false;
+};

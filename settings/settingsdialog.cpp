@@ -1,0 +1,305 @@
+#include "settings/settingsdialog.h"
+#include "ui_settingsdialog.h"
+
+#include "link/serialhelper.h"
+#include "settings/settings.h"
+
+#include <QIntValidator>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QStringList>
+
+#include <utility>
+
+namespace {
+
+const QString PortGroup = QStringLiteral("port settings");
+const QString UnitsGroup = QStringLiteral("units settings");
+const QString BaudRateKey = QStringLiteral("baudRate");
+const QString PortNameKey = QStringLiteral("serialPortName");
+
+constexpr int DefaultBaudRate = 1000000;
+constexpr int HighestBaudRate = 4000000;
+constexpr int ConnectionTab = 0;
+
+constexpr int BaudRates[] = {9600,   19200,  38400,  57600,   115200, 200000,
+                             250000, 400000, 500000, 1000000, 2000000};
+
+struct Choice
+{
+    const char *text;
+    int data;
+};
+constexpr Choice DataBits[] = {{"5", 5}, {"6", 6}, {"7", 7}, {"8", 8}};
+constexpr Choice StopBits[] = {{"1", 1}, {"1.5", 3}, {"2", 2}};
+constexpr Choice Parities[] = {
+    {QT_TRANSLATE_NOOP("SettingsDialog", "None"),  0},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Even"),  2},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Odd"),   3},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Mark"),  5},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Space"), 4},
+};
+constexpr int EightDataBits = 3; // index of the entry
+
+/** What stands where in the string list that each entry of the port list carries. */
+enum PortDetail
+{
+    PortName,
+    Description,
+    Manufacturer,
+    Location,
+    VendorIdentifier,
+    ProductIdentifier,
+};
+
+SettingsDialog *theDialog = nullptr;
+
+QString orNotAvailable(const QString &text)
+{
+    return text.isEmpty() ? SettingsDialog::tr("N/A") : text;
+}
+
+QString identifierText(quint16 identifier)
+{
+    return orNotAvailable(identifier ? QString::number(identifier, 16) : QString());
+}
+
+} // namespace
+
+/** How one quantity's choice is kept and shown. */
+struct SettingsDialog::UnitRow
+{
+    const char *key;
+    qint32 PhysicalQuantities::*field;
+    QRadioButton *Ui_SettingsDialog::*button0; ///< null: the dialog neither shows nor stores the quantity
+    QRadioButton *Ui_SettingsDialog::*button1; ///< null: the quantity has one unit only
+};
+
+using Units = PhysicalQuantities;
+using Form = Ui_SettingsDialog;
+const SettingsDialog::UnitRow SettingsDialog::UnitRows[] = {
+    {"angularVelocity",     &Units::angularVelocity,     &Form::radsPerSecondRadioButton,        &Form::revsPerMinuteRadioButton  },
+    {"angle",               &Units::angle,               &Form::radiansRadioButton,              &Form::degreesRadioButton        },
+    {"angularAcceleration", &Units::angularAcceleration, &Form::radsPerSecondSquaredRadioButton, nullptr                          },
+    {"torque",              &Units::torque,              &Form::newtonMetersRadioButton,         &Form::kgCentimetresRadioButton  },
+    {"voltage",             &Units::voltage,             &Form::voltageRadioButton,              nullptr                          },
+    {"current",             &Units::current,             &Form::ampsRadioButton,                 &Form::milliAmpsRadioButton      },
+    {"temperature",         &Units::temperature,         &Form::centigradeRadioButton,           &Form::fahrenheitRadioButton     },
+    {"returnDelay",         &Units::returnDelay,         nullptr,                                nullptr                          },
+    {"servoData",           &Units::servoData,           &Form::hexRadioButton,                  &Form::decimalRadioButton        },
+};
+
+SettingsDialog::SettingsDialog() : SettingsDialog(std::make_shared<SerialHelper>()) {}
+
+SettingsDialog::SettingsDialog(std::shared_ptr<SerialHelper> serialHelper)
+    : m_ui(std::make_unique<Ui::SettingsDialog>()), m_portStore(std::make_shared<Settings>(PortGroup)),
+      m_unitsStore(std::make_shared<Settings>(UnitsGroup)), m_serialHelper(std::move(serialHelper)),
+      m_baudRateValidator(new QIntValidator(0, HighestBaudRate, this))
+{
+    m_ui->setupUi(this);
+    theDialog = this;
+    setModal(true);
+    m_ui->baudRateBox->setInsertPolicy(QComboBox::NoInsert);
+    makeConnections();
+    fillParameters();
+    fillPorts();
+    loadPort();
+    loadUnits();
+    readPort();
+    readUnits();
+}
+
+SettingsDialog::~SettingsDialog()
+{
+    if (theDialog == this)
+        theDialog = nullptr;
+}
+
+SettingsDialog *SettingsDialog::instance()
+{
+    return theDialog;
+}
+
+PortSettings SettingsDialog::portSettings() const
+{
+    return m_portSettings;
+}
+
+PhysicalQuantities SettingsDialog::units() const
+{
+    return m_units;
+}
+
+void SettingsDialog::showPortInfo(int idx)
+{
+    if (idx >= 0)
+        showPortDetails(m_ui->serialPortInfoListBox->itemData(idx).toStringList());
+}
+
+/** Shows @p details, what an entry of the port list carries; an empty list clears the labels. */
+void SettingsDialog::showPortDetails(const QStringList &details)
+{
+    const auto detail = [&details](PortDetail index) { return details.value(index); };
+    m_ui->descriptionLabel->setText(tr("Description: %1").arg(detail(Description)));
+    m_ui->manufacturerLabel->setText(tr("Manufacturer: %1").arg(detail(Manufacturer)));
+    m_ui->locationLabel->setText(tr("Location: %1").arg(detail(Location)));
+    m_ui->vidLabel->setText(tr("Vendor Identifier: %1").arg(detail(VendorIdentifier)));
+    m_ui->pidLabel->setText(tr("Product Identifier: %1").arg(detail(ProductIdentifier)));
+}
+
+void SettingsDialog::apply()
+{
+    readPort();
+    m_portStore->setValue(BaudRateKey, m_portSettings.baudRate);
+    m_portStore->setValue(PortNameKey, m_portSettings.portName);
+    readUnits();
+    for (const UnitRow &row : UnitRows) {
+        if (row.button0)
+            m_unitsStore->setValue(QLatin1String(row.key), m_units.*row.field);
+    }
+    hide();
+}
+
+void SettingsDialog::cancel()
+{
+    close();
+}
+
+void SettingsDialog::checkCustomBaudRatePolicy(int idx)
+{
+    const bool isCustom = !m_ui->baudRateBox->itemData(idx).isValid();
+    m_ui->baudRateBox->setEditable(isCustom);
+    if (!isCustom)
+        return;
+    m_ui->baudRateBox->clearEditText();
+    m_ui->baudRateBox->lineEdit()->setValidator(m_baudRateValidator);
+}
+
+void SettingsDialog::show()
+{
+    fillPorts();
+    showUnits();
+    QDialog::show();
+    m_ui->settingsTabWidget->setCurrentIndex(ConnectionTab);
+    m_ui->okButton->setFocus();
+}
+
+void SettingsDialog::on_updateBaudRate(int baudRate)
+{
+    m_portSettings.baudRate = baudRate;
+    m_portStore->setValue(BaudRateKey, baudRate);
+    showBaudRate(baudRate);
+}
+
+void SettingsDialog::makeConnections()
+{
+    connect(m_ui->okButton, SIGNAL(clicked()), this, SLOT(apply()));
+    connect(m_ui->cancelButton, SIGNAL(clicked()), this, SLOT(cancel()));
+    connect(m_ui->serialPortInfoListBox, SIGNAL(currentIndexChanged(int)), this, SLOT(showPortInfo(int)));
+    connect(m_ui->baudRateBox, SIGNAL(currentIndexChanged(int)), this, SLOT(checkCustomBaudRatePolicy(int)));
+}
+
+void SettingsDialog::fillParameters()
+{
+    for (const int baudRate : BaudRates)
+        m_ui->baudRateBox->addItem(QString::number(baudRate), baudRate);
+    for (const Choice &choice : DataBits)
+        m_ui->dataBitsBox->addItem(QLatin1String(choice.text), choice.data);
+    m_ui->dataBitsBox->setCurrentIndex(EightDataBits);
+    for (const Choice &choice : Parities)
+        m_ui->parityBox->addItem(tr(choice.text), choice.data);
+    for (const Choice &choice : StopBits)
+        m_ui->stopBitsBox->addItem(QLatin1String(choice.text), choice.data);
+}
+
+/** Lists the ports present now and keeps the chosen one, if it still is among them. */
+void SettingsDialog::fillPorts()
+{
+    QComboBox *list = m_ui->serialPortInfoListBox;
+    const QString chosen = list->currentText();
+    {
+        const QSignalBlocker blocker(list);
+        list->clear();
+        for (const auto &port : m_serialHelper->getSerialPortList()) {
+            const QStringList details{port->getPortName(),
+                                      orNotAvailable(port->getDescription()),
+                                      orNotAvailable(port->getManufacturer()),
+                                      port->getSystemLocation(),
+                                      identifierText(port->getVendorIdentifier()),
+                                      identifierText(port->getProductIdentifier())};
+            list->addItem(port->getPortName(), details);
+        }
+        // The stored port comes back when its adapter does, unless the user has chosen one that is still there.
+        list->setCurrentText(m_portStore->value(PortNameKey, QString()).toString());
+        list->setCurrentText(chosen);
+    }
+    if (list->count() > 0)
+        showPortInfo(list->currentIndex());
+    else if (!chosen.isEmpty())
+        showPortDetails({});
+}
+
+void SettingsDialog::loadPort()
+{
+    m_portSettings.baudRate = m_portStore->boundedInt(BaudRateKey, DefaultBaudRate, 1, HighestBaudRate);
+    showBaudRate(m_portSettings.baudRate);
+    m_portSettings.portName = m_portStore->value(PortNameKey, QString()).toString();
+    m_ui->serialPortInfoListBox->setCurrentText(m_portSettings.portName);
+}
+
+void SettingsDialog::loadUnits()
+{
+    for (const UnitRow &row : UnitRows)
+        m_units.*row.field = m_unitsStore->value(QLatin1String(row.key), 0).toInt();
+    showUnits();
+    // What the store holds is believed only as far as there are units: the buttons are read back for most, and here
+    // for those that have one button or none.
+    for (const UnitRow &row : UnitRows) {
+        if (!row.button1)
+            m_units.*row.field = 0;
+    }
+}
+
+/** Makes @p baudRate the list's current entry; one of the user's own becomes an entry, so that it stays visible. */
+void SettingsDialog::showBaudRate(int baudRate)
+{
+    const QString text = QString::number(baudRate);
+    if (m_ui->baudRateBox->findText(text) < 0)
+        m_ui->baudRateBox->addItem(text, baudRate);
+    m_ui->baudRateBox->setCurrentText(text);
+}
+
+void SettingsDialog::showUnits()
+{
+    for (const UnitRow &row : UnitRows) {
+        if (!row.button0)
+            continue;
+        const qint32 unit = m_units.*row.field;
+        if (!row.button1)
+            ((*m_ui).*row.button0)->setChecked(unit == 0);
+        else
+            ((*m_ui).*(unit == 1 ? row.button1 : row.button0))->setChecked(true);
+    }
+}
+
+void SettingsDialog::readPort()
+{
+    m_portSettings.portName = m_ui->serialPortInfoListBox->currentText();
+    m_portSettings.baudRate = m_ui->baudRateBox->currentText().toInt();
+    m_portSettings.dataBits = m_ui->dataBitsBox->currentData().toInt();
+    m_portSettings.dataBitsText = m_ui->dataBitsBox->currentText();
+    m_portSettings.parity = m_ui->parityBox->currentData().toInt();
+    m_portSettings.parityText = m_ui->parityBox->currentText();
+    m_portSettings.stopBits = m_ui->stopBitsBox->currentData().toInt();
+    m_portSettings.stopBitsText = m_ui->stopBitsBox->currentText();
+}
+
+void SettingsDialog::readUnits()
+{
+    for (const UnitRow &row : UnitRows) {
+        if (row.button1)
+            m_units.*row.field = ((*m_ui).*row.button1)->isChecked() ? 1 : 0;
+        else if (row.button0 && ((*m_ui).*row.button0)->isChecked())
+            m_units.*row.field = 0;
+    }
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+/** The speed (bits per second) that the client of a pseudo terminal has set, seen from its master end; 0 if
+ * unknown. */
+int lineSpeed(int masterDescriptor);

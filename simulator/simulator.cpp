@@ -1,0 +1,114 @@
+#include "simulator/simulator.h"
+
+namespace {
+
+constexpr int BitsPerByte = 1 + 8 + 1; ///< on the wire: start bit, data, stop bit
+/** How often moving servos are brought up to date when nobody asks; only keeps the catching up short. */
+constexpr std::chrono::milliseconds MotionInterval(100);
+
+std::chrono::microseconds wireTime(int bytes, int baudRate)
+{
+    constexpr qint64 MicrosecondsPerSecond = 1000000;
+    if (baudRate <= 0)
+        return {};
+    return std::chrono::microseconds(bytes * BitsPerByte * MicrosecondsPerSecond / baudRate);
+}
+
+SimulatedBus::Servos makeServos(const std::vector<ServoChoice> &choices)
+{
+    SimulatedBus::Servos servos;
+    for (const ServoChoice &choice : choices)
+        servos.push_back(choice.makeServo());
+    return servos;
+}
+
+} // namespace
+
+Simulator::Simulator(const SimulatorOptions &options, QObject *parent)
+    : QObject(parent), m_options(options), m_bus(makeServos(options.servos)),
+      m_faults(options.faults, options.seed), m_replies([this] { return now(); })
+{
+    m_motionTimer.setInterval(MotionInterval);
+    connect(&m_motionTimer, &QTimer::timeout, this, &Simulator::keepMoving);
+    connect(&m_replies, &ReplyQueue::send, &m_port, &PtyPort::write);
+    connect(&m_port, &PtyPort::received, this, &Simulator::onReceived);
+    connect(&m_port, &PtyPort::clientChanged, this, &Simulator::onClientChanged);
+    connect(&m_port, &PtyPort::failed, this, &Simulator::finished);
+}
+
+QString Simulator::start()
+{
+    QString error =
+        m_options.isNameGiven ? m_publication.claim(m_options.name) : m_publication.claimAny(m_options.name);
+    if (error.isEmpty() && !m_options.stateFile.isEmpty()) {
+        std::vector<StateFile::Entry> entries;
+        for (std::size_t i = 0; i < m_options.servos.size(); ++i)
+            entries.push_back({m_options.servos[i].label(), m_bus.servos()[i].get()});
+        m_stateFile.emplace(m_options.stateFile, std::move(entries));
+        error = m_stateFile->open();
+    }
+    if (error.isEmpty())
+        error = m_port.open();
+    if (error.isEmpty() && !m_options.link.isEmpty())
+        error = m_publication.publishAt(m_options.link, m_port.devicePath());
+    if (error.isEmpty())
+        error = m_publication.publish(m_port.devicePath());
+    return error;
+}
+
+SimulationTime Simulator::now() const
+{
+    return std::chrono::duration_cast<SimulationTime>(std::chrono::steady_clock::now() - m_start);
+}
+
+void Simulator::onReceived(const QByteArray &bytes)
+{
+    const SimulationTime received = now();
+    const int baudRate = m_port.baudRate();
+    if (m_faults.settings().echo)
+        m_replies.push(bytes, m_replies.endAfter(received));
+    const std::vector<BusReply> replies = m_bus.receive(bytes, baudRate, received);
+    keepState(); // before the replies, so that what was answered survives whatever happens then
+    for (const BusReply &reply : replies) {
+        queueReply(reply, baudRate, received);
+        if (m_faults.hasVanished()) {
+            Q_EMIT finished({});
+            return;
+        }
+    }
+    if (m_bus.isActive() && !m_motionTimer.isActive())
+        m_motionTimer.start();
+}
+
+void Simulator::queueReply(const BusReply &reply, int baudRate, SimulationTime received)
+{
+    SimulationTime due = m_replies.endAfter(received);
+    if (m_options.isPaced)
+        due += wireTime(reply.requestSize + reply.bytes.size(), baudRate) + reply.acknowledgeTime;
+    for (const FaultInjector::Piece &piece : m_faults.pass(reply.bytes)) {
+        due += piece.pause;
+        m_replies.push(piece.bytes, due);
+    }
+}
+
+void Simulator::onClientChanged()
+{
+    m_bus.forgetPartialPacket();
+    m_replies.clear();
+}
+
+void Simulator::keepState()
+{
+    if (!m_stateFile)
+        return;
+    const QString error = m_stateFile->save();
+    if (!error.isEmpty())
+        Q_EMIT finished(error);
+}
+
+void Simulator::keepMoving()
+{
+    m_bus.advance(now());
+    if (!m_bus.isActive())
+        m_motionTimer.stop();
+}

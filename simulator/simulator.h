@@ -1,0 +1,53 @@
+#pragma once
+
+#include "simulator/buspublication.h"
+#include "simulator/faultinjector.h"
+#include "simulator/ptyport.h"
+#include "simulator/replyqueue.h"
+#include "simulator/simulatedbus.h"
+#include "simulator/simulatoroptions.h"
+#include "simulator/statefile.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <optional>
+
+/** A simulated bus at work: behind its pseudo terminal, published, in real time, with the faults asked for.
+ */
+class Simulator : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Simulator(const SimulatorOptions &options, QObject *parent = nullptr);
+
+    /** @return an empty text on success, otherwise one line for the user. */
+    QString start();
+    /** Name of the bus in the list of ports. */
+    QString name() const { return m_publication.name(); }
+    /** The serial device file of the bus. */
+    QString devicePath() const { return m_port.devicePath(); }
+
+Q_SIGNALS:
+    /** The port is to go away. @p error is empty when that was asked for. */
+    void finished(const QString &error);
+
+private:
+    SimulationTime now() const;
+    void onReceived(const QByteArray &bytes);
+    void onClientChanged();
+    void queueReply(const BusReply &reply, int baudRate, SimulationTime received);
+    void keepState();
+    void keepMoving();
+
+    SimulatorOptions m_options;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    SimulatedBus m_bus;
+    FaultInjector m_faults;
+    std::optional<StateFile> m_stateFile;
+    PtyPort m_port;
+    BusPublication m_publication; ///< goes before the port, so that it never leads nowhere
+    ReplyQueue m_replies;
+    QTimer m_motionTimer;
+};

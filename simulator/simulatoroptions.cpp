@@ -1,0 +1,219 @@
+#include "simulator/simulatoroptions.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+namespace {
+
+const QString DefaultName = QStringLiteral("zelvar-sim");
+const QStringList DefaultServos = {QStringLiteral("zelvar:0"), QStringLiteral("zelvar:3"),
+                                   QStringLiteral("zelvar:7:57600"), QStringLiteral("ax12:5")};
+constexpr int LongestDelay = 60000; ///< ms
+constexpr int LongestName = 64;
+constexpr int MostReplies = 1000000000;
+
+// clang-format off
+const QCommandLineOption ServoOption{QStringLiteral("servo"),
+    QStringLiteral("A servo on the bus; repeatable. MODEL is zelvar or ax12, ID 0 to 253, BAUD 1000000 unless given. "
+                   "Without this option: zelvar:0, zelvar:3, zelvar:7:57600 and ax12:5."),
+    QStringLiteral("MODEL:ID[:BAUD]")};
+const QCommandLineOption NameOption{QStringLiteral("name"),
+    QStringLiteral("Name of the bus in the list of ports; zelvar-sim, or zelvar-sim-2 and so on when that is taken, "
+                   "unless given."),
+    QStringLiteral("NAME")};
+const QCommandLineOption LinkOption{QStringLiteral("link"),
+    QStringLiteral("Make a link to the serial device file at PATH as well."), QStringLiteral("PATH")};
+const QCommandLineOption PaceOption{QStringLiteral("pace"),
+    QStringLiteral("Hold every reply back for as long as request, acknowledge time and reply take on a wire at the "
+                   "client's baud rate.")};
+const QCommandLineOption StateOption{QStringLiteral("state"),
+    QStringLiteral("Keep the non-volatile registers in FILE from run to run. What is in it goes before the baud rates "
+                   "given with --servo."),
+    QStringLiteral("FILE")};
+const QCommandLineOption SeedOption{QStringLiteral("seed"),
+    QStringLiteral("Seed of the faults, 1 unless given: the same seed spoils the same replies."), QStringLiteral("N")};
+const QCommandLineOption FaultOption{QStringLiteral("fault"),
+    QStringLiteral("Something that goes wrong; repeatable. With the probability P (0 to 1) a reply is lost (drop=P), "
+                   "has a wrong byte (corrupt=P), lacks its end (truncate=P) or follows stray bytes (garbage=P); "
+                   "replies are late by MS milliseconds (delay=MS) or come in pieces (chunk); requests come back to "
+                   "the client (echo); after N replies there are no more (mute-after=N), or the port goes away when "
+                   "the next one is due (vanish-after=N)."),
+    QStringLiteral("KIND[=VALUE]")};
+const QCommandLineOption HelpOption{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
+const QCommandLineOption VersionOption{{QStringLiteral("v"), QStringLiteral("version")},
+                                       QStringLiteral("Show the version.")};
+
+struct ProbabilityFault { const char *name; double FaultSettings::*member; };
+constexpr ProbabilityFault ProbabilityFaults[] = {
+    {"drop",     &FaultSettings::drop},
+    {"corrupt",  &FaultSettings::corrupt},
+    {"truncate", &FaultSettings::truncate},
+    {"garbage",  &FaultSettings::garbage},
+};
+
+struct CountFault { const char *name; std::optional<int> FaultSettings::*member; };
+constexpr CountFault CountFaults[] = {
+    {"mute-after",   &FaultSettings::muteAfter},
+    {"vanish-after", &FaultSettings::vanishAfter},
+};
+
+struct SwitchFault { const char *name; bool FaultSettings::*member; };
+constexpr SwitchFault SwitchFaults[] = {
+    {"chunk", &FaultSettings::chunk},
+    {"echo",  &FaultSettings::echo},
+};
+// clang-format on
+
+template <typename Row, std::size_t Count>
+const Row *rowNamed(const Row (&rows)[Count], const QString &name)
+{
+    for (const Row &row : rows) {
+        if (name == QLatin1String(row.name))
+            return &row;
+    }
+    return nullptr;
+}
+
+std::optional<int> numberIn(const QString &text, int least, int greatest)
+{
+    bool isNumber = false;
+    const int value = text.toInt(&isNumber);
+    return isNumber && value >= least && value <= greatest ? std::optional<int>(value) : std::nullopt;
+}
+
+/** Each of these reads one kind of option into @p options and returns an empty text or what is wrong with it.
+ */
+QString readFault(const QString &text, FaultSettings &faults)
+{
+    const int separator = text.indexOf(QLatin1Char('='));
+    const QString name = text.left(separator);
+    const QString value = separator < 0 ? QString() : text.mid(separator + 1);
+
+    if (const auto *row = rowNamed(ProbabilityFaults, name)) {
+        bool isNumber = false;
+        const double probability = value.toDouble(&isNumber);
+        if (!isNumber || !(probability >= 0 && probability <= 1))
+            return QStringLiteral("fault \"%1\": expected %2=P with P from 0 to 1").arg(text, name);
+        faults.*row->member = probability;
+        return {};
+    }
+    if (const auto *row = rowNamed(CountFaults, name)) {
+        faults.*row->member = numberIn(value, 0, MostReplies);
+        return faults.*row->member
+                   ? QString()
+                   : QStringLiteral("fault \"%1\": expected %2=N with N replies").arg(text, name);
+    }
+    if (const auto *row = rowNamed(SwitchFaults, name)) {
+        faults.*row->member = true;
+        return separator < 0 ? QString() : QStringLiteral("fault \"%1\": %2 takes no value").arg(text, name);
+    }
+    if (name == QLatin1String("delay")) {
+        const auto delay = numberIn(value, 0, LongestDelay);
+        if (!delay)
+            return QStringLiteral("fault \"%1\": expected delay=MS with MS from 0 to %2")
+                .arg(text)
+                .arg(LongestDelay);
+        faults.delay = std::chrono::milliseconds(*delay);
+        return {};
+    }
+    return QStringLiteral("unknown fault \"%1\"").arg(name);
+}
+
+QString readServos(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    const QStringList texts = parser.isSet(ServoOption) ? parser.values(ServoOption) : DefaultServos;
+    for (const QString &text : texts) {
+        QString error;
+        const auto choice = ServoChoice::fromText(text, &error);
+        if (!choice)
+            return error;
+        options.servos.push_back(*choice);
+    }
+    return {};
+}
+
+QString readFaults(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    for (const QString &text : parser.values(FaultOption)) {
+        const QString error = readFault(text, options.faults);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
+QString readName(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    options.isNameGiven = parser.isSet(NameOption);
+    options.name = options.isNameGiven ? parser.value(NameOption) : DefaultName;
+    // It becomes a file name, and beside it lies one with ".lock" behind it.
+    static const QRegularExpression pattern(QStringLiteral("\\A[A-Za-z0-9_][A-Za-z0-9_.-]*\\z"));
+    if (!pattern.match(options.name).hasMatch() || options.name.size() > LongestName ||
+        options.name.endsWith(QLatin1String(".lock")))
+        return QStringLiteral(
+                   "\"%1\" is no name for a bus: expected up to %2 letters, digits, \"-\", \"_\" and \".\"")
+            .arg(options.name)
+            .arg(LongestName);
+    return {};
+}
+
+QString readSeed(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    if (!parser.isSet(SeedOption))
+        return {};
+    bool isNumber = false;
+    options.seed = parser.value(SeedOption).toUInt(&isNumber);
+    return isNumber
+               ? QString()
+               : QStringLiteral("\"%1\" is no seed: expected 0 to 4294967295").arg(parser.value(SeedOption));
+}
+
+QString readPaths(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    options.link = parser.value(LinkOption);
+    options.stateFile = parser.value(StateOption);
+    for (const auto &option : {LinkOption, StateOption}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            return QStringLiteral("--%1 needs a path").arg(option.names().first());
+    }
+    return {};
+}
+
+QString readOptions(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().first());
+    options.isPaced = parser.isSet(PaceOption);
+    for (const auto read : {readServos, readName, readPaths, readSeed, readFaults}) {
+        const QString error = read(parser, options);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
+} // namespace
+
+SimulatorCommandLine SimulatorCommandLine::parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Simulates a bus of smart servos behind a serial port of its own, which the servo manager "
+        "lists by name."));
+    parser.addOptions({ServoOption, NameOption, LinkOption, PaceOption, StateOption, SeedOption, FaultOption,
+                       HelpOption, VersionOption});
+
+    SimulatorCommandLine result;
+    const bool isParsed = parser.parse(arguments);
+    if (isParsed && parser.isSet(HelpOption)) {
+        result.action = Action::ShowText;
+        result.text = parser.helpText();
+    } else if (isParsed && parser.isSet(VersionOption)) {
+        result.action = Action::ShowText;
+        result.text = QStringLiteral("zelvar-servo-simulator " ZELVAR_VERSION "\n");
+    } else {
+        result.text = isParsed ? readOptions(parser, result.options) : parser.errorText();
+        result.action = result.text.isEmpty() ? Action::Run : Action::ShowError;
+    }
+    return result;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+
+/** Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that the process can tidy up. One per
+ * process. */
+class TerminationSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TerminationSignals(QObject *parent = nullptr);
+    ~TerminationSignals() override;
+    Q_DISABLE_COPY(TerminationSignals)
+
+Q_SIGNALS:
+    void requested();
+};

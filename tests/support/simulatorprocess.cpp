@@ -1,0 +1,25 @@
+#include "tests/support/simulatorprocess.h"
+
+SimulatorProcess::SimulatorProcess(const QStringList &arguments)
+{
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(ZELVAR_SIMULATOR), arguments, QIODevice::ReadOnly);
+    while (!m_process.canReadLine()) {
+        if (!m_process.waitForReadyRead())
+            return;
+    }
+    m_readyLine = QString::fromLocal8Bit(m_process.readLine()).trimmed();
+    m_name = m_readyLine.section(QLatin1Char(' '), 0, 0);
+}
+
+SimulatorProcess::~SimulatorProcess()
+{
+    m_process.terminate();
+    m_process.waitForFinished();
+}
+
+void SimulatorProcess::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/** A running zelvar-servo-simulator; ended when this goes. */
+class SimulatorProcess
+{
+public:
+    /** Starts it and waits for its line that it is ready. */
+    explicit SimulatorProcess(const QStringList &arguments = {});
+    ~SimulatorProcess();
+    Q_DISABLE_COPY(SimulatorProcess)
+
+    /** Name of its bus in the port list; empty when it did not start. */
+    QString name() const { return m_name; }
+    /** The line that it printed when it was ready. */
+    QString readyLine() const { return m_readyLine; }
+    /** Ends it like a crash: nothing is cleaned up. */
+    void kill();
+
+private:
+    QProcess m_process;
+    QString m_readyLine;
+    QString m_name;
+};

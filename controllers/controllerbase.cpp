@@ -1,0 +1,56 @@
+#include "controllers/controllerbase.h"
+
+#include "device/fieldhelper.h"
+#include "device/iunitdatafield.h"
+#include "link/processwide.h"
+
+#include <QComboBox>
+
+#include <algorithm>
+
+namespace {
+
+IZelvarField *fieldNamed(const char *name)
+{
+    const auto &fields = ProcessWide<FieldHelper>::instance();
+    return fields ? fields->field(QString::fromLatin1(name)) : nullptr;
+}
+
+bool showsPlaceholder(const IUnitDataField &field)
+{
+    const auto *list = dynamic_cast<const QComboBox *>(&field);
+    return list && list->currentIndex() == list->count() - 1;
+}
+
+} // namespace
+
+ControllerBase::ControllerBase()
+    : m_operatingMode(dynamic_cast<const IUnitDataField *>(fieldNamed("operatingModeComboBox"))),
+      m_inputMode(dynamic_cast<const IUnitDataField *>(fieldNamed("inputModeComboBox")))
+{
+    std::transform(kModeLocks.begin(), kModeLocks.end(), m_controls.begin(),
+                   [](const ModeLockRow &row) { return fieldNamed(row.control); });
+}
+
+void ControllerBase::applyLocks(OperatingMode mode) const
+{
+    const bool active = isActive(mode);
+    for (std::size_t i = 0; i < kModeLocks.size(); ++i) {
+        const ModeLock lock = kModeLocks[i].byMode[static_cast<std::size_t>(mode)];
+        if (m_controls[i] && lock != ModeLock::Untouched)
+            m_controls[i]->setLocked(isUsed(lock) != active);
+    }
+}
+
+bool ControllerBase::isActive(OperatingMode mode) const
+{
+    return m_operatingMode &&
+           (m_operatingMode->value() == static_cast<qint32>(mode) || showsPlaceholder(*m_operatingMode));
+}
+
+bool ControllerBase::isUsed(ModeLock lock) const
+{
+    if (lock == ModeLock::InputModeZero)
+        return m_inputMode && m_inputMode->value() == 0;
+    return lock == ModeLock::Unlocked;
+}

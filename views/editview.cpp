@@ -1,0 +1,53 @@
+#include "views/editview.h"
+
+#include "device/fieldhelper.h"
+#include "device/iunitdatafield.h"
+#include "device/statushelper.h"
+#include "device/uiregisterhelper.h"
+#include "link/processwide.h"
+#include "ui_editview.h"
+#include "widgets/uigrouphelper.h"
+
+namespace {
+
+/** The process-wide @p Helper, made from @p arguments when there is none yet. */
+template <class Helper, class... Arguments>
+std::shared_ptr<Helper> ensure(const Arguments &...arguments)
+{
+    std::shared_ptr<Helper> &helper = ProcessWide<Helper>::instance();
+    if (!helper)
+        helper = std::make_shared<Helper>(arguments...);
+    return helper;
+}
+
+void registerFields(const QObject &parent)
+{
+    for (QObject *child : parent.children()) {
+        if (auto *field = dynamic_cast<IUnitDataField *>(child))
+            ensure<UiRegisterHelper>()->registerField(field);
+        else
+            registerFields(*child);
+    }
+}
+
+} // namespace
+
+EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::EditView>())
+{
+    m_ui->setupUi(this);
+    // The last entry of each list stands for "not known yet".
+    for (auto *list : findChildren<QComboBox *>())
+        list->setCurrentIndex(list->count() - 1);
+
+    m_ui->nvParamsCancelToolButton->setRole(ZelvarGroupToolButton::Cancel);
+    m_ui->vParamsCancelToolButton->setRole(ZelvarGroupToolButton::Cancel);
+    m_ui->nvParamsEditSaveToolButton->setRole(ZelvarGroupToolButton::EditSave);
+    m_ui->vParamsEditSaveToolButton->setRole(ZelvarGroupToolButton::EditSave);
+
+    m_groupHelper = ensure<UiGroupHelper>(this);
+    ensure<StatusHelper>(this);
+    ensure<FieldHelper>(children());
+    registerFields(*this);
+}
+
+EditView::~EditView() = default;

@@ -1,0 +1,251 @@
+#include "widgets/boundfield.h"
+
+#include "device/devicehelper.h"
+#include "device/rawscale.h"
+#include "device/unitshelper.h"
+#include "widgets/followeddevice.h"
+#include "widgets/zelvarparametersgroupbox.h"
+
+#include <cmath>
+
+namespace {
+
+// Ids up to this one are the quantities of the unit table; the others have no unit.
+constexpr qint32 LastQuantityId = 7;
+constexpr int MaxDecimals = 9;
+// Far below one raw count, far above the rounding of double arithmetic.
+constexpr double Noise = 1e-6;
+
+} // namespace
+
+BoundField::BoundField(QWidget &widget)
+    : m_widget(widget), m_parentGroup(qobject_cast<ZelvarParametersGroupBox *>(widget.parentWidget()))
+{
+    widget.setEnabled(false);
+}
+
+BoundField::~BoundField() = default;
+
+void BoundField::setEditable(bool enable)
+{
+    if (m_locked || m_support == Support::Undefined)
+        return;
+    if (!enable)
+        finishTyping();
+    if (!enable && m_dirty) {
+        // Applied: this counts as the servo's value until the servo tells.
+        storeShown();
+        m_shownRaw.reset();
+    }
+    m_widget.setEnabled(enable);
+    clearDirty();
+}
+
+void BoundField::restoreValue()
+{
+    showStored();
+    setEditable(false);
+}
+
+bool BoundField::isDirty() const
+{
+    return m_dirty;
+}
+
+bool BoundField::awaitsValue() const
+{
+    return m_support == Support::Defined && !m_valueReceived;
+}
+
+void BoundField::connected()
+{
+    if (m_connected)
+        return;
+    m_units = currentUnits();
+    followDeviceLoaded(m_widget);
+    m_connected = true;
+    adaptToLink();
+}
+
+void BoundField::disconnected()
+{
+    if (!m_connected)
+        return;
+    cutDeviceLoaded();
+    m_connected = false;
+    adaptToLink();
+    storePlaceholder();
+    forgetDevice();
+    restoreValue();
+    refreshBlank();
+}
+
+void BoundField::forgetDevice()
+{
+    m_support = Support::Unknown;
+    m_limits.reset();
+    m_shownRaw.reset();
+    m_valueReceived = false;
+}
+
+void BoundField::takeDevice()
+{
+    const std::shared_ptr<const IDevice> device = DeviceHelper::currentDevice();
+    forgetDevice();
+    if (!device || !isDefinedBy(*device)) {
+        m_support = Support::Undefined;
+        disable(true);
+    } else {
+        m_support = Support::Defined;
+        if (device->definesField(objectName())) {
+            m_limits = device->limits(objectName());
+            adaptToDevice();
+        }
+    }
+    refreshBlank();
+}
+
+bool BoundField::isDefinedBy(const IDevice &device) const
+{
+    return device.definesField(objectName());
+}
+
+void BoundField::setLocked(bool lock)
+{
+    const bool wasLocked = m_locked;
+    if (wasLocked && !lock)
+        showStored();
+    else if (!wasLocked && lock)
+        markDirty(false);
+    disable(lock || !isGroupEdited() || m_support == Support::Undefined || awaitsValue());
+    m_locked = lock;
+    if (wasLocked != lock)
+        refreshBlank();
+}
+
+qint32 BoundField::fieldId() const
+{
+    return m_fieldId;
+}
+
+void BoundField::setValue(int raw)
+{
+    if (!m_connected || m_support != Support::Defined || m_dirty)
+        return;
+    // Most polls bring what is shown already; those must cost nothing.
+    if (m_shownRaw == raw && showsStored())
+        return;
+    m_showsServoValue = true;
+    showRaw(raw);
+    m_showsServoValue = false;
+    storeShown();
+    m_shownRaw = raw;
+    const bool isFirst = !m_valueReceived;
+    m_valueReceived = true;
+    refreshBlank();
+    if (isFirst && isGroupEdited())
+        setEditable(true);
+}
+
+void BoundField::applyDependency()
+{
+    if (m_limits && m_limits->controller)
+        m_limits->controller->applyDependency();
+}
+
+void BoundField::refreshBlank()
+{
+    m_widget.update();
+}
+
+void BoundField::disable(bool disabled)
+{
+    m_widget.setDisabled(disabled);
+}
+
+void BoundField::trackEdit()
+{
+    if (m_widget.isEnabled() && !m_showsServoValue)
+        markDirty(isEdited());
+}
+
+// The group's save button counts these signals, so there is exactly one for each turn.
+void BoundField::markDirty(bool dirty)
+{
+    if (m_dirty == dirty)
+        return;
+    m_dirty = dirty;
+    Q_EMIT setIsDirty(dirty);
+}
+
+void BoundField::clearDirty()
+{
+    m_dirty = false;
+}
+
+void BoundField::setFieldId(qint32 id)
+{
+    m_fieldId = id;
+}
+
+bool BoundField::hasUnit() const
+{
+    return m_fieldId >= 0 && m_fieldId <= LastQuantityId;
+}
+
+int BoundField::shownDecimals() const
+{
+    if (hasUnit())
+        return m_units->decimals(m_fieldId);
+    const double rawSpan = double(m_limits->rawMax) - m_limits->rawMin;
+    const double step = rawSpan == 0.0 ? 1.0 : (m_limits->physicalMax - m_limits->physicalMin) / rawSpan;
+    int digits = 0;
+    for (double scaled = step; digits < MaxDecimals && std::abs(scaled - std::round(scaled)) > Noise;
+         scaled *= 10.0)
+        ++digits;
+    return digits;
+}
+
+double BoundField::toShown(const RawScale &scale, int raw) const
+{
+    return m_units->toDisplay(scale.toPhysical(raw), m_fieldId);
+}
+
+int BoundField::toRaw(const RawScale &scale, double shown) const
+{
+    const double physical = m_units->fromDisplay(shown, m_fieldId);
+    const double noise = Noise * (scale.toPhysical(1) - scale.toPhysical(0));
+    const int below = scale.toRaw(physical - noise);
+    const int above = scale.toRaw(physical + noise);
+    return std::abs(below) > std::abs(above) ? below : above;
+}
+
+bool BoundField::isConnected() const
+{
+    return m_connected;
+}
+
+bool BoundField::isLocked() const
+{
+    return m_locked;
+}
+
+bool BoundField::isBlank() const
+{
+    return !m_connected || !m_valueReceived || m_locked;
+}
+
+const FieldLimits *BoundField::limits() const
+{
+    return m_limits ? &*m_limits : nullptr;
+}
+
+const UnitsHelper &BoundField::units() const
+{
+    return *m_units;
+}
+
+bool BoundField::isGroupEdited() const
+{
+    return m_parentGroup && m_parentGroup->editMode();
+}

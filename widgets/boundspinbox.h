@@ -1,0 +1,49 @@
+#pragma once
+
+#include "widgets/boundinput.h"
+
+#include <QLineEdit>
+
+/**
+ * What the two spin boxes share. Without a value to show the text is cleared; the number behind it stays.
+ *
+ * The value follows the keyboard, so that a valid number counts as an edit while it is typed. Text that is no
+ * number yet, or none within the range, is no edit: it is never applied.
+ */
+template <class QtBase, class Number>
+class BoundSpinBox : public BoundInput<QtBase, Number>
+{
+protected:
+    explicit BoundSpinBox(QWidget *parent) : BoundInput<QtBase, Number>(parent)
+    {
+        QObject::connect(this->lineEdit(), &QLineEdit::textEdited, this, [this] { this->trackEdit(); });
+    }
+
+    Number shown() const override { return QtBase::value(); }
+    void display(const Number &number) override { QtBase::setValue(number); }
+    bool isEdited() const override { return this->hasAcceptableInput() && !this->showsStored(); }
+
+    void finishTyping() override
+    {
+        QtBase::setValue(this->hasAcceptableInput() ? QtBase::value() : this->stored());
+        refreshBlank();
+    }
+
+    void refreshBlank() override
+    {
+        if (!this->isBlank()) {
+            if (this->text().isEmpty())
+                QtBase::setValue(QtBase::value());
+        } else if (!this->text().isEmpty()) {
+            this->clear();
+        }
+    }
+
+    // Qt puts the text back at occasions of its own, among them each time the control is shown.
+    void paintEvent(QPaintEvent *event) override
+    {
+        QtBase::paintEvent(event);
+        if (this->isBlank())
+            refreshBlank();
+    }
+};

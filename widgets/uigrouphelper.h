@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QPointer>
+
+#include <cstdint>
+
+class QWidget;
+class SaveBlock;
+class ZelvarGroupToolButton;
+class ZelvarParametersGroupBox;
+
+/**
+ * Wires the groups of an edit view: the link to their fields, their buttons to editing, applying and
+ * cancelling.
+ *
+ * It may outlive the view and then does nothing. GUI thread only.
+ */
+class UiGroupHelper : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** @param view the edit view, which stays its owner's; without one there are no groups. */
+    explicit UiGroupHelper(QWidget *view = nullptr);
+
+Q_SIGNALS:
+    /** Write @p data to the registers from @p address of the connected servo. */
+    void addQueueRequest(uint8_t address, const QByteArray &data);
+    /** For the groups, whose slots are named after the state reached. */
+    void linkWentUp();
+    void linkWentDown();
+
+public Q_SLOTS:
+    /** The port is open: the groups get ready for the device model and the values that follow. */
+    void linkUp();
+    /** The port is closed or lost: edits are dropped and the groups show nothing any more. */
+    void linkDown();
+
+private Q_SLOTS:
+    void on_editSaveToolButton_toggled(bool checked);
+    void on_editSaveToolButton_pressed();
+    void on_limitsCancelToolButton_pressed();
+    void on_enableMotorCheckBox_toggled(bool checked);
+
+private:
+    using SaveOperation = void (UiGroupHelper::*)();
+
+    struct GroupRow;
+    static const GroupRow Groups[];
+
+    void setUpGroup(const GroupRow &row);
+    void setUpButtons(ZelvarParametersGroupBox &group, SaveOperation operation);
+    ZelvarParametersGroupBox *group(const char *objectName) const;
+    void cancelEditing(ZelvarParametersGroupBox &group);
+    void applyMotorRule();
+
+    void saveNothing();
+    void saveNonVolatile();
+    void saveVolatile();
+    void save(const SaveBlock &block);
+
+    QPointer<QWidget> m_view;
+};

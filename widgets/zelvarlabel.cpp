@@ -1,0 +1,3 @@
+#include "widgets/zelvarlabel.h"
+
+ZelvarLabel::ZelvarLabel(QWidget *parent) : BoundLabel(parent) {}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "widgets/boundinput.h"
+
+#include <QLineEdit>
+
+/** A field shown as text in the form that goes with its field id; not for editing. */
+class ZelvarLineEdit : public BoundInput<QLineEdit, QString>
+{
+    Q_OBJECT
+
+public:
+    explicit ZelvarLineEdit(QWidget *parent = nullptr);
+
+    void setEditable(bool enable) override;
+    /** The text read as a decimal integer; 0 when it is none. */
+    int value() const override;
+
+Q_SIGNALS:
+    void setIsDirty(bool dirty) override;
+
+public Q_SLOTS:
+    void on_deviceLoaded();
+
+protected:
+    QString shown() const override;
+    void display(const QString &text) override;
+    QString fromRaw(int raw) const override;
+};

@@ -1,0 +1,67 @@
+#include "search/searchhelper.h"
+
+#include "link/serialhelper.h"
+
+#include <QMutexLocker>
+#include <QWaitCondition>
+
+namespace {
+
+constexpr uint8_t FirstRegister = 0;
+constexpr uint8_t RegisterCount = 2 + 2; // model number, firmware version
+
+QWaitCondition &probeEnded()
+{
+    static QWaitCondition condition;
+    return condition;
+}
+
+} // namespace
+
+SearchHelper::SearchHelper(const QString &serialPortName) : m_serialPortName(serialPortName) {}
+
+SearchHelper::~SearchHelper()
+{
+    closePort();
+}
+
+QMutex &SearchHelper::probeMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
+QByteArray SearchHelper::waitForReply(QDeadlineTimer deadline)
+{
+    while (!m_isProbeOver) {
+        if (!probeEnded().wait(&probeMutex(), deadline))
+            break;
+    }
+    return m_replyBuffer;
+}
+
+void SearchHelper::closePort()
+{
+    if (!m_serialHelper)
+        return;
+    m_serialHelper->closeSerialPort();
+    m_serialHelper.reset();
+}
+
+void SearchHelper::scanServo(int id, int baudRate)
+{
+    m_serialHelper = std::make_shared<SerialHelper>();
+    const bool isAsked = m_serialHelper->openSerialPort(m_serialPortName, baudRate).isEmpty() &&
+                         m_serialHelper->readData(static_cast<uint8_t>(id), FirstRegister, RegisterCount,
+                                                  [this](const QByteArray &reply) { endProbe(reply); });
+    if (!isAsked)
+        endProbe({}); // nothing will answer: no use in waiting for it
+}
+
+void SearchHelper::endProbe(const QByteArray &reply)
+{
+    const QMutexLocker lock(&probeMutex());
+    m_replyBuffer.prepend(reply);
+    m_isProbeOver = true;
+    probeEnded().wakeAll();
+}

@@ -1,0 +1,306 @@
+#include "app/mainwindow.h"
+#include "ui_mainwindow.h"
+
+#include "app/polltarget.h"
+#include "controllers/inputmodecontroller.h"
+#include "controllers/operationmodecontroller.h"
+#include "device/devicehelper.h"
+#include "device/fieldhelper.h"
+#include "device/statushelper.h"
+#include "device/uiregisterhelper.h"
+#include "link/processwide.h"
+#include "link/serialhelper.h"
+#include "link/uischeduler.h"
+#include "search/searchdialog.h"
+#include "settings/settings.h"
+#include "settings/settingsdialog.h"
+#include "views/registerview.h"
+#include "widgets/uigrouphelper.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QSpinBox>
+#include <QTimerEvent>
+
+#include <functional>
+#include <utility>
+
+// Outside any namespace, since that is where the resource compiler puts what this calls.
+static void initialiseResources()
+{
+    Q_INIT_RESOURCE(resources); // they sit in a static library, which would leave them out
+}
+
+namespace {
+
+const QString SettingsGroup = QStringLiteral("main window settings");
+const QString GeometryKey = QStringLiteral("geometry");
+const QString WindowStateKey = QStringLiteral("windowState");
+const QString PollingIntervalKey = QStringLiteral("pollingInterval");
+const QString ServoIdKey = QStringLiteral("servoId");
+
+/** Range and default of a number that the toolbar shows. */
+struct NumberRange
+{
+    int minimum;
+    int maximum;
+    int initial;
+};
+constexpr NumberRange PollingInterval{10, 5000, 500}; // ms
+constexpr int PollingIntervalStep = 10;               // ms
+constexpr NumberRange ServoId{0, 253, 0};
+
+constexpr int CloseDelay = 100; // ms: lets an exchange under way finish
+
+// Where a reply to a reboot or factory reset has the servo's id and the error byte
+constexpr int ReplyIdIndex = 2;
+constexpr int ReplyErrorIndex = 4;
+
+ModeDependencies makeModeDependencies()
+{
+    return {std::make_shared<OperationModeController>(), std::make_shared<InputModeController>()};
+}
+
+std::shared_ptr<QSpinBox> makeSpinBox(const NumberRange &range, int value)
+{
+    auto spinBox = std::make_shared<QSpinBox>();
+    spinBox->setRange(range.minimum, range.maximum);
+    spinBox->setValue(value);
+    return spinBox;
+}
+
+} // namespace
+
+/** A servo operation that opens the port for itself alone, and what the user is told of it. */
+struct MainWindow::OneShotOperation
+{
+    bool (DeviceHelper::*start)(uint8_t servoId, std::function<void(QByteArray)> callback);
+    QString refused;
+    QString failed;    ///< %1 is the servo's id
+    QString succeeded; ///< %1 is the servo's id
+};
+
+MainWindow::MainWindow(QWidget *parent) : MainWindow(parent, nullptr) {}
+
+MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelper) : QMainWindow(parent)
+{
+    initialiseResources();
+    m_ui = std::make_unique<Ui::MainWindow>();
+    m_settings = std::make_shared<Settings>(SettingsGroup);
+    m_settingsDialog = std::make_shared<SettingsDialog>();
+    m_searchDialog = std::make_shared<SearchDialog>();
+    m_serialHelper = serialHelper ? std::move(serialHelper) : std::make_shared<SerialHelper>();
+
+    m_ui->setupUi(this);
+    m_ui->tabWidget->setAutoFillBackground(true);
+    bindConnectionMachinery();
+    setLinkUp(false);
+    fillToolBar();
+    makeConnections();
+    restoreWindow();
+    m_ui->statusBar->showMessage(tr("Disconnected"));
+}
+
+MainWindow::~MainWindow()
+{
+    m_serialHelper->disconnect(this);
+    m_serialHelper->closeSerialPort();
+    m_scheduler.reset();
+    m_pollTarget.reset();
+    // The views, their controls first, while the helpers that they are registered with are still there.
+    delete takeCentralWidget();
+    releaseHelpers();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_settings->setValue(GeometryKey, saveGeometry());
+    m_settings->setValue(WindowStateKey, saveState());
+    QMainWindow::closeEvent(event);
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    // The status bar tells the state of the connection, which a pointer on its way over the actions must not wipe out.
+    if (event->type() == QEvent::StatusTip)
+        return true;
+    return QMainWindow::event(event);
+}
+
+void MainWindow::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_closeTimerId) {
+        QMainWindow::timerEvent(event);
+        return;
+    }
+    m_serialHelper->closeSerialPort();
+    killTimer(std::exchange(m_closeTimerId, 0));
+}
+
+void MainWindow::on_actionConnect_triggered()
+{
+    if (!openPort())
+        return;
+    const auto servoId = static_cast<uint8_t>(m_idSpinBox->value());
+    auto &groups = ProcessWide<UiGroupHelper>::instance();
+    groups->linkUp();
+    m_ui->registerView->connectDevice();
+    m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
+    setLinkUp(true);
+    ProcessWide<DeviceHelper>::instance()->identify(servoId);
+}
+
+void MainWindow::on_actionDisconnect_triggered()
+{
+    m_scheduler->stopScheduler();
+    ProcessWide<UiGroupHelper>::instance()->linkDown();
+    m_ui->registerView->disconnectDevice();
+    setLinkUp(false);
+    if (m_closeTimerId != 0)
+        killTimer(m_closeTimerId);
+    m_closeTimerId = startTimer(CloseDelay);
+    m_ui->statusBar->showMessage(tr("Disconnected"));
+}
+
+void MainWindow::on_idSpinBoxValueChanged(int value)
+{
+    m_settings->setValue(ServoIdKey, value);
+}
+
+void MainWindow::on_pollingIntervalSpinBoxValueChanged(int value)
+{
+    m_settings->setValue(PollingIntervalKey, value);
+}
+
+void MainWindow::on_updateId(int value)
+{
+    m_idSpinBox->setValue(value);
+}
+
+void MainWindow::on_actionReboot_triggered()
+{
+    run({&DeviceHelper::reboot, tr("Error occurred during reboot operation"),
+         tr("Error during reboot of Zelvar servo id:%1"), tr("Zelvar servo id:%1 was rebooted successfully")});
+}
+
+void MainWindow::on_actionReset_triggered()
+{
+    run({&DeviceHelper::factoryReset, tr("Error occurred during factory reset operation"),
+         tr("Error during factory reset of Zelvar servo id:%1"),
+         tr("Factory reset of Zelvar servo id:%1 was successful")});
+}
+
+void MainWindow::bindConnectionMachinery()
+{
+    ProcessWide<DeviceHelper>::instance() =
+        std::make_shared<DeviceHelper>(m_serialHelper, [this] { onDeviceLoaded(); }, makeModeDependencies);
+    auto &registerHelper = ProcessWide<UiRegisterHelper>::instance();
+    if (!registerHelper)
+        registerHelper = std::make_shared<UiRegisterHelper>();
+    m_registerHelper = registerHelper;
+    m_pollTarget = std::make_unique<PollTarget>(m_registerHelper);
+}
+
+void MainWindow::fillToolBar()
+{
+    m_pollingIntervalLabel = std::make_shared<QLabel>(tr("Polling interval (ms): "));
+    m_pollingIntervalSpinBox =
+        makeSpinBox(PollingInterval, m_settings->boundedInt(PollingIntervalKey, PollingInterval.initial,
+                                                            PollingInterval.minimum, PollingInterval.maximum));
+    m_pollingIntervalSpinBox->setSingleStep(PollingIntervalStep);
+    m_idLabel = std::make_shared<QLabel>(tr("Servo address: "));
+    m_idSpinBox = makeSpinBox(
+        ServoId, m_settings->boundedInt(ServoIdKey, ServoId.initial, ServoId.minimum, ServoId.maximum));
+
+    m_ui->toolBar->addWidget(m_pollingIntervalLabel.get());
+    m_ui->toolBar->addWidget(m_pollingIntervalSpinBox.get());
+    m_ui->toolBar->addSeparator();
+    m_ui->toolBar->addWidget(m_idLabel.get());
+    m_ui->toolBar->addWidget(m_idSpinBox.get());
+}
+
+void MainWindow::makeConnections()
+{
+    connect(m_pollingIntervalSpinBox.get(), SIGNAL(valueChanged(int)), this,
+            SLOT(on_pollingIntervalSpinBoxValueChanged(int)));
+    connect(m_idSpinBox.get(), SIGNAL(valueChanged(int)), this, SLOT(on_idSpinBoxValueChanged(int)));
+    connect(m_ui->actionQuit, SIGNAL(triggered()), this, SLOT(close()));
+    connect(m_ui->actionSettings, SIGNAL(triggered()), m_settingsDialog.get(), SLOT(show()));
+    connect(m_ui->actionSearch, SIGNAL(triggered()), m_searchDialog.get(), SLOT(show()));
+    connect(m_searchDialog.get(), SIGNAL(updateBaudRate(int)), m_settingsDialog.get(), SLOT(on_updateBaudRate(int)));
+    connect(m_searchDialog.get(), SIGNAL(updateId(int)), this, SLOT(on_updateId(int)));
+    connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
+}
+
+void MainWindow::restoreWindow()
+{
+    restoreGeometry(m_settings->value(GeometryKey, QByteArray()).toByteArray());
+    restoreState(m_settings->value(WindowStateKey, QByteArray()).toByteArray());
+}
+
+/** Opens the port that the settings name; tells the user when it cannot be opened. */
+bool MainWindow::openPort()
+{
+    const auto port = m_settingsDialog->portSettings();
+    const QString error = m_serialHelper->openSerialPort(port.portName, port.baudRate);
+    if (error.isEmpty())
+        return true;
+    QMessageBox::critical(this, tr("Error"), error, QMessageBox::Ok);
+    return false;
+}
+
+void MainWindow::onDeviceLoaded()
+{
+    m_ui->statusBar->showMessage(tr("Connected"));
+    m_scheduler->startScheduler(m_pollingIntervalSpinBox->value());
+}
+
+void MainWindow::onConnectionLost(const QString &reason)
+{
+    const bool isConnected = m_ui->actionDisconnect->isEnabled();
+    if (!isConnected && m_closeTimerId != 0)
+        return; // it was about to be closed anyway
+    if (isConnected)
+        on_actionDisconnect_triggered();
+    QMessageBox::critical(this, tr("Error"), reason, QMessageBox::Ok);
+}
+
+void MainWindow::setLinkUp(bool up)
+{
+    const auto actions = {m_ui->actionConnect, m_ui->actionSettings, m_ui->actionSearch, m_ui->actionReboot,
+                          m_ui->actionReset};
+    for (QAction *action : actions)
+        action->setEnabled(!up);
+    m_ui->actionDisconnect->setEnabled(up);
+    for (const auto &spinBox : {m_pollingIntervalSpinBox, m_idSpinBox}) {
+        if (spinBox)
+            spinBox->setEnabled(!up);
+    }
+}
+
+void MainWindow::run(const OneShotOperation &operation)
+{
+    if (!openPort())
+        return;
+    const auto showResult = [this, operation](const QByteArray &reply) {
+        const QString servoId = QString::number(static_cast<quint8>(reply[ReplyIdIndex]));
+        if (reply[ReplyErrorIndex] != 0)
+            QMessageBox::critical(this, tr("Error"), operation.failed.arg(servoId), QMessageBox::Ok);
+        else
+            QMessageBox::information(this, tr("Success"), operation.succeeded.arg(servoId), QMessageBox::Ok);
+    };
+    DeviceHelper &device = *ProcessWide<DeviceHelper>::instance();
+    if (!(device.*operation.start)(static_cast<uint8_t>(m_idSpinBox->value()), showResult))
+        QMessageBox::critical(this, tr("Error"), operation.refused, QMessageBox::Ok);
+}
+
+void MainWindow::releaseHelpers()
+{
+    ProcessWide<UiGroupHelper>::instance().reset();
+    ProcessWide<StatusHelper>::instance().reset();
+    ProcessWide<FieldHelper>::instance().reset();
+    ProcessWide<DeviceHelper>::instance().reset();
+    ProcessWide<UiRegisterHelper>::instance().reset();
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+class PollTarget;
+class QLabel;
+class QSpinBox;
+class SearchDialog;
+class SerialHelper;
+class Settings;
+class SettingsDialog;
+class UiRegisterHelper;
+class UiScheduler;
+
+namespace Ui {
+class MainWindow;
+}
+
+/**
+ * The program's window. Owns every long-lived object, drives the connection lifecycle from its actions, and releases
+ * the process-wide helpers when it goes. There is one per process.
+ */
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget *parent);
+    /** Works on @p serialHelper in place of one of its own. */
+    MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelper);
+    ~MainWindow() override;
+
+protected:
+    bool event(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private Q_SLOTS:
+    void on_actionConnect_triggered();
+    void on_actionDisconnect_triggered();
+    void on_idSpinBoxValueChanged(int value);
+    void on_pollingIntervalSpinBoxValueChanged(int value);
+    void on_updateId(int value);
+    void on_actionReboot_triggered();
+    void on_actionReset_triggered();
+
+private:
+    struct OneShotOperation;
+
+    void bindConnectionMachinery();
+    void fillToolBar();
+    void makeConnections();
+    void restoreWindow();
+    bool openPort();
+    void onDeviceLoaded();
+    void onConnectionLost(const QString &reason);
+    void setLinkUp(bool up);
+    void run(const OneShotOperation &operation);
+    void releaseHelpers();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    std::shared_ptr<Settings> m_settings;
+    std::shared_ptr<SettingsDialog> m_settingsDialog;
+    std::shared_ptr<SearchDialog> m_searchDialog;
+    std::shared_ptr<QLabel> m_idLabel;
+    std::shared_ptr<QSpinBox> m_idSpinBox;
+    std::shared_ptr<QLabel> m_pollingIntervalLabel;
+    std::shared_ptr<QSpinBox> m_pollingIntervalSpinBox;
+    std::shared_ptr<UiRegisterHelper> m_registerHelper;
+    std::shared_ptr<SerialHelper> m_serialHelper;
+    std::unique_ptr<PollTarget> m_pollTarget;
+    std::shared_ptr<UiScheduler> m_scheduler;
+    int m_closeTimerId = 0; ///< 0 while no close is pending
+};

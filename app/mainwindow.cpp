@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include "app/connectionwatch.h"
 #include "app/polltarget.h"
 #include "controllers/inputmodecontroller.h"
 #include "controllers/operationmodecontroller.h"
@@ -95,6 +96,7 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
 
     m_ui->setupUi(this);
     m_ui->tabWidget->setAutoFillBackground(true);
+    m_watch = std::make_unique<ConnectionWatch>();
     bindConnectionMachinery();
     setLinkUp(false);
     fillToolBar();
@@ -107,6 +109,7 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
+    m_watch.reset();
     m_scheduler.reset();
     m_pollTarget.reset();
     // The views, their controls first, while the helpers that they are registered with are still there.
@@ -154,6 +157,7 @@ void MainWindow::on_actionConnect_triggered()
 
 void MainWindow::on_actionDisconnect_triggered()
 {
+    m_watch->stop();
     m_scheduler->stopScheduler();
     ProcessWide<UiGroupHelper>::instance()->linkDown();
     m_ui->registerView->disconnectDevice();
@@ -231,6 +235,9 @@ void MainWindow::makeConnections()
     connect(m_ui->actionSearch, SIGNAL(triggered()), m_searchDialog.get(), SLOT(show()));
     connect(m_searchDialog.get(), SIGNAL(updateBaudRate(int)), m_settingsDialog.get(), SLOT(on_updateBaudRate(int)));
     connect(m_searchDialog.get(), SIGNAL(updateId(int)), this, SLOT(on_updateId(int)));
+    connect(m_watch.get(), &ConnectionWatch::answersMissing, this, &MainWindow::onAnswersMissing);
+    connect(m_watch.get(), &ConnectionWatch::answersBack, this, &MainWindow::onAnswersBack);
+    connect(m_watch.get(), &ConnectionWatch::servoMoved, this, &MainWindow::onServoMoved);
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
@@ -255,6 +262,36 @@ void MainWindow::onDeviceLoaded()
 {
     m_ui->statusBar->showMessage(tr("Connected"));
     m_scheduler->startScheduler(m_pollingIntervalSpinBox->value());
+    const auto device = DeviceHelper::currentDevice();
+    m_watch->start(*m_scheduler, {m_scheduler->servoId(), m_settingsDialog->portSettings().baudRate},
+                   m_pollingIntervalSpinBox->value(), device && device->hasRegisterMap());
+}
+
+void MainWindow::onAnswersMissing()
+{
+    m_ui->statusBar->showMessage(tr("No answer from servo %1").arg(m_scheduler->servoId()));
+}
+
+void MainWindow::onAnswersBack()
+{
+    m_ui->statusBar->showMessage(tr("Connected"));
+    takeOverAddress(m_watch->address());
+}
+
+void MainWindow::onServoMoved(const ServoAddress &address)
+{
+    m_ui->statusBar->showMessage(tr("The servo now listens at address %1 and %2 baud: disconnect and connect again")
+                                     .arg(address.id)
+                                     .arg(address.baudRate));
+    takeOverAddress(address);
+}
+
+/** Makes @p address the one that the next connection is made to. */
+void MainWindow::takeOverAddress(const ServoAddress &address)
+{
+    m_idSpinBox->setValue(address.id);
+    if (m_settingsDialog->portSettings().baudRate != address.baudRate)
+        m_settingsDialog->on_updateBaudRate(address.baudRate);
 }
 
 void MainWindow::onConnectionLost(const QString &reason)

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class ConnectionWatch;
 class PollTarget;
 class QLabel;
 class QSpinBox;
@@ -13,6 +14,7 @@ class Settings;
 class SettingsDialog;
 class UiRegisterHelper;
 class UiScheduler;
+struct ServoAddress;
 
 namespace Ui {
 class MainWindow;
@@ -55,6 +57,10 @@ private:
     void restoreWindow();
     bool openPort();
     void onDeviceLoaded();
+    void onAnswersMissing();
+    void onAnswersBack();
+    void onServoMoved(const ServoAddress &address);
+    void takeOverAddress(const ServoAddress &address);
     void onConnectionLost(const QString &reason);
     void setLinkUp(bool up);
     void run(const OneShotOperation &operation);
@@ -72,5 +78,6 @@ private:
     std::shared_ptr<SerialHelper> m_serialHelper;
     std::unique_ptr<PollTarget> m_pollTarget;
     std::shared_ptr<UiScheduler> m_scheduler;
+    std::unique_ptr<ConnectionWatch> m_watch;
     int m_closeTimerId = 0; ///< 0 while no close is pending
 };

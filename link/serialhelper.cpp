@@ -109,6 +109,12 @@ int SerialHelper::baudRateIndex(int registerValue)
     return -1;
 }
 
+int SerialHelper::baudRateOf(int registerValue)
+{
+    const int index = baudRateIndex(registerValue);
+    return index < 0 ? 0 : BaudRateCodes[static_cast<std::size_t>(index)].baudRate;
+}
+
 void SerialHelper::queueRequest(uint8_t, uint8_t, QByteArray, std::function<void(QByteArray)>) {}
 
 void SerialHelper::startScheduler(int) {}

@@ -51,6 +51,8 @@ public:
     static int baudRateRegisterValue(int index);
     /** The index in the baud-rate list of register code @p registerValue; −1 when no entry has it. */
     static int baudRateIndex(int registerValue);
+    /** The baud rate, in bits per second, that register code @p registerValue stands for; 0 when no entry has it. */
+    static int baudRateOf(int registerValue);
 
     // Declared for callers that drive the link through the meta-object system; they carry no behaviour.
     Q_INVOKABLE void queueRequest(uint8_t id, uint8_t address, QByteArray data,

@@ -70,7 +70,8 @@ void UiScheduler::sendOldestWrite()
 {
     const std::shared_ptr<QueueRequest> request = m_queue.front();
     m_queue.erase(m_queue.begin());
-    m_serialHelper->writeData(request->id, request->address, request->data, request->callback);
+    if (m_serialHelper->writeData(request->id, request->address, request->data, request->callback))
+        Q_EMIT writeSent(request->address, request->data);
 }
 
 void UiScheduler::poll()
@@ -95,4 +96,5 @@ void UiScheduler::groupCallback(const QByteArray &reply)
         m_target.updateRegister(address, item->size, value);
     }
     m_target.updateStatus(reply.size() > ErrorByteIndex ? static_cast<qint8>(reply[ErrorByteIndex]) : qint8(0));
+    Q_EMIT replyReceived();
 }

@@ -34,6 +34,12 @@ public:
 
     uint8_t servoId() const { return m_servoId; }
 
+Q_SIGNALS:
+    /** A poll's reply has been taken apart. */
+    void replyReceived();
+    /** The link has taken a write of @p data from register @p address; replies that follow come after it. */
+    void writeSent(uint8_t address, const QByteArray &data);
+
 public Q_SLOTS:
     /** Queues a write of @p data from register @p address, behind all others. */
     void addQueueRequest(uint8_t address, const QByteArray &data);

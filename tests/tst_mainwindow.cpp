@@ -2,12 +2,15 @@
 // what the test says.
 
 #include "app/mainwindow.h"
+#include "link/processwide.h"
 #include "link/serialhelper.h"
 #include "settings/settings.h"
+#include "settings/settingsdialog.h"
 #include "tests/support/boxwatcher.h"
 #include "tests/support/fakeserialport.h"
 #include "tests/support/testenvironment.h"
 #include "views/registerview.h"
+#include "widgets/uigrouphelper.h"
 
 #include <QAction>
 #include <QSpinBox>
@@ -217,6 +220,62 @@ private Q_SLOTS:
         QCOMPARE(fixture.enabledActions(), WhenDisconnected);
         QCOMPARE(fixture.status(), QString("Disconnected"));
         QCOMPARE(fixture.rows(), 0);
+    }
+
+    void aServoThatFallsSilentIsToldOfUntilItAnswersAgain()
+    {
+        Fixture fixture;
+        fixture.servoId()->setValue(3);
+        fixture.interval()->setValue(10);
+        fixture.connectToServo();
+        QTRY_COMPARE(fixture.status(), QString("No answer from servo 3"));
+        fixture.port->deliver(reply(118, 0));
+        QCOMPARE(fixture.status(), QString("Connected"));
+        QTRY_COMPARE(fixture.status(), QString("No answer from servo 3"));
+        fixture.trigger("actionDisconnect");
+        QCOMPARE(fixture.status(), QString("Disconnected"));
+        QCOMPARE(fixture.watcher.boxes, QStringList());
+    }
+
+    void anAppliedAddressIsTakenOver_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("baudRate");
+        QTest::newRow("id") << 9 << 1 << 1000000;
+        QTest::newRow("baud rate") << 3 << 34 << 57600;
+        QTest::newRow("both") << 200 << 207 << 9600;
+        QTest::newRow("neither") << 3 << 1 << 1000000;
+    }
+
+    void anAppliedAddressIsTakenOver()
+    {
+        QFETCH(int, id);
+        QFETCH(int, code);
+        QFETCH(int, baudRate);
+        Fixture fixture;
+        fixture.servoId()->setValue(3);
+        fixture.interval()->setValue(10);
+        fixture.connectToServo();
+        const bool isMove = id != 3 || code != 1;
+
+        QByteArray block(38, '\0');
+        block[0] = char(id);
+        block[1] = char(code);
+        Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(3, block);
+        QTRY_VERIFY(fixture.operations().contains("write"));
+        QCOMPARE(fixture.status() != "Connected", isMove);
+        QCOMPARE(fixture.servoId()->value(), id);
+        QCOMPARE(SettingsDialog::instance()->portSettings().baudRate, baudRate);
+        if (isMove)
+            QVERIFY(fixture.status().contains(QString("address %1 and %2 baud").arg(id).arg(baudRate)));
+
+        // It answers where it was before: it has refused the block.
+        QTRY_COMPARE(fixture.operations().last(), QString("read"));
+        fixture.port->deliver(reply(118, 0));
+        QCOMPARE(fixture.status(), QString("Connected"));
+        QCOMPARE(fixture.servoId()->value(), 3);
+        QCOMPARE(SettingsDialog::instance()->portSettings().baudRate, 1000000);
     }
 
     void theStatusBarIsNotWipedByThePointer()

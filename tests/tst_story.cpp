@@ -213,6 +213,23 @@ private Q_SLOTS:
         QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
     }
 
+    void anAppliedAddressIsWhereTheNextConnectionGoes()
+    {
+        Desk desk(3);
+        desk.trigger("actionConnect");
+        QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
+        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 3);
+        desk.click("nvParamsEditSaveToolButton");
+        desk.find<QSpinBox>("idSpinBox")->setValue(9);
+        desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
+        desk.click("nvParamsEditSaveToolButton");
+        QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
+        desk.trigger("actionDisconnect");
+        desk.trigger("actionConnect");
+        QTRY_COMPARE(desk.status(), QString("Connected"));
+        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 9);
+    }
+
     void theOperatingModeMovesTheLocks()
     {
         Desk desk(3);

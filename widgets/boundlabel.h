@@ -1,13 +1,11 @@
 #pragma once
 
 #include "device/iconnectinfo.h"
+#include "widgets/fittedlabel.h"
 
-#include <QLabel>
-
-/** A caption that greys out with its control's lock, but only while the link is up. @p Field is its
- * interface. */
+/** A caption that greys out with its control's lock, but only while the link is up. @p Field is its interface. */
 template <class Field>
-class BoundLabel : public QLabel, public Field, public IConnectInfo
+class BoundLabel : public FittedLabel, public Field, public IConnectInfo
 {
 public:
     QString objectName() const override { return QObject::objectName(); }
@@ -27,7 +25,7 @@ public:
     }
 
 protected:
-    explicit BoundLabel(QWidget *parent) : QLabel(parent) {}
+    explicit BoundLabel(QWidget *parent) : FittedLabel(parent) {}
 
 private:
     bool m_connected = false;

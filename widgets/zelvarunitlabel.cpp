@@ -45,7 +45,7 @@ void ZelvarUnitLabel::disconnected()
 
 void ZelvarUnitLabel::showCaption()
 {
-    QLabel::setText(m_fieldId == IdLabel
-                        ? m_caption + QLatin1Char(':')
-                        : QStringLiteral("%1 (%2):").arg(m_caption, currentUnits()->unitName(m_fieldId)));
+    FittedLabel::setText(m_fieldId == IdLabel
+                             ? m_caption + QLatin1Char(':')
+                             : QStringLiteral("%1 (%2):").arg(m_caption, currentUnits()->unitName(m_fieldId)));
 }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLabel>
+
+/**
+ * A caption of one line that draws its letters together when its place is too narrow for it: the groups have fixed
+ * sizes, while fonts, units and languages differ. What does not fit even so is in the tool tip.
+ */
+class FittedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit FittedLabel(QWidget *parent);
+
+    void setText(const QString &text);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QFont stretchedFont(int percent) const;
+    int textWidth(const QFont &font) const;
+    int surroundings() const;
+    void fit();
+};

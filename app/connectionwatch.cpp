@@ -1,7 +1,6 @@
 #include "app/connectionwatch.h"
 
 #include "link/serialhelper.h"
-#include "link/uischeduler.h"
 
 #include <algorithm>
 

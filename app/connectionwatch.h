@@ -1,12 +1,13 @@
 #pragma once
 
+#include "link/uischeduler.h"
+
 #include <QByteArray>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <cstdint>
-
-class UiScheduler;
 
 /** Where a servo is reached. */
 struct ServoAddress
@@ -53,7 +54,7 @@ private:
 
     QTimer m_silence;
     ServoAddress m_address;
-    UiScheduler *m_scheduler = nullptr; ///< compared only
+    QPointer<UiScheduler> m_scheduler;
     bool m_isAnswering = true;          ///< the last thing told is that replies come
     bool m_hasMoved = false;
     bool m_hasRegisterMap = false;

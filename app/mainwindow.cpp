@@ -150,6 +150,7 @@ void MainWindow::on_actionConnect_triggered()
     auto &groups = ProcessWide<UiGroupHelper>::instance();
     groups->linkUp();
     m_ui->registerView->connectDevice();
+    m_watch->stop();
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
     setLinkUp(true);
     ProcessWide<DeviceHelper>::instance()->identify(servoId);
@@ -165,6 +166,7 @@ void MainWindow::on_actionDisconnect_triggered()
     if (m_closeTimerId != 0)
         killTimer(m_closeTimerId);
     m_closeTimerId = startTimer(CloseDelay);
+    m_isPortReleased = true;
     m_ui->statusBar->showMessage(tr("Disconnected"));
 }
 
@@ -252,14 +254,19 @@ bool MainWindow::openPort()
 {
     const auto port = m_settingsDialog->portSettings();
     const QString error = m_serialHelper->openSerialPort(port.portName, port.baudRate);
-    if (error.isEmpty())
+    if (error.isEmpty()) {
+        m_isPortReleased = false;
         return true;
+    }
     QMessageBox::critical(this, tr("Error"), error, QMessageBox::Ok);
     return false;
 }
 
 void MainWindow::onDeviceLoaded()
 {
+    // The answer may come in the time that Disconnect leaves the port open for.
+    if (!m_ui->actionDisconnect->isEnabled())
+        return;
     m_ui->statusBar->showMessage(tr("Connected"));
     m_scheduler->startScheduler(m_pollingIntervalSpinBox->value());
     const auto device = DeviceHelper::currentDevice();
@@ -297,8 +304,8 @@ void MainWindow::takeOverAddress(const ServoAddress &address)
 void MainWindow::onConnectionLost(const QString &reason)
 {
     const bool isConnected = m_ui->actionDisconnect->isEnabled();
-    if (!isConnected && m_closeTimerId != 0)
-        return; // it was about to be closed anyway
+    if (!isConnected && m_isPortReleased)
+        return; // nobody uses it any more
     if (isConnected)
         on_actionDisconnect_triggered();
     QMessageBox::critical(this, tr("Error"), reason, QMessageBox::Ok);
@@ -322,6 +329,7 @@ void MainWindow::run(const OneShotOperation &operation)
     if (!openPort())
         return;
     const auto showResult = [this, operation](const QByteArray &reply) {
+        m_serialHelper->closeSerialPort(); // not to be held for as long as the box is read
         const QString servoId = QString::number(static_cast<quint8>(reply[ReplyIdIndex]));
         if (reply[ReplyErrorIndex] != 0)
             QMessageBox::critical(this, tr("Error"), operation.failed.arg(servoId), QMessageBox::Ok);

@@ -40,6 +40,7 @@ UiScheduler::~UiScheduler() = default;
 
 void UiScheduler::addQueueRequest(uint8_t address, const QByteArray &data)
 {
+    ++m_blocksQueued;
     const auto ignoreReply = [](const QByteArray &) {};
     m_queue.push_back(std::make_shared<QueueRequest>(QueueRequest{m_servoId, address, data, ignoreReply}));
 }
@@ -77,9 +78,10 @@ void UiScheduler::sendOldestWrite()
 void UiScheduler::poll()
 {
     const auto binding = lookup(m_target.registerBindings(), static_cast<quint8>(m_pollCursor));
-    // The reply may come after this scheduler has been replaced by the next connection's.
-    const auto takeReply = [self = QPointer<UiScheduler>(this)](const QByteArray &reply) {
-        if (self)
+    // The reply may come when nobody wants it any more: after the next connection's scheduler has replaced this one,
+    // after polling was stopped, or after a write was queued, which makes what was asked for before it out of date.
+    const auto takeReply = [self = QPointer<UiScheduler>(this), asOf = m_blocksQueued](const QByteArray &reply) {
+        if (self && self->m_timerId != 0 && self->m_blocksQueued == asOf)
             self->groupCallback(reply);
     };
     m_serialHelper->readData(m_servoId, 0, m_target.readLength(), takeReply);

@@ -60,6 +60,7 @@ private:
     int m_pollCursor = 0; ///< register at which the next poll's walk stands, 0 to 119
     std::shared_ptr<SerialHelper> m_serialHelper;
     std::vector<std::shared_ptr<QueueRequest>> m_queue;
+    quint64 m_blocksQueued = 0; ///< so far
     int m_timerId = 0;
     IPollTarget &m_target;
 };

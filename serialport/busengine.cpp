@@ -126,6 +126,8 @@ bool BusEngine::runToEnd(const BusRequest &request, Notification onReply)
     m_synchronous = true;
     const auto isUnderWay = [&] { return self && m_session == session && isOpen(); };
     while (isUnderWay()) {
+        if (m_state == State::Draining && m_current.number == number)
+            break; // it was sent once and nobody answered: the line may be drained without the caller
         if (m_state == State::Idle) {
             if (isSent || m_waiting.empty())
                 break;
@@ -181,6 +183,7 @@ bool BusEngine::joinReadUnderWay(const BusRequest &request, const Notification &
     m_waiting.clear(); // at most a read that this one is newer than
     m_current.onReply = onReply;
     m_current.number = m_newest;
+    m_attempts = 1; // the newer read has repeats of its own
     return true;
 }
 
@@ -286,10 +289,11 @@ void BusEngine::attemptFailed()
 
 void BusEngine::drainEnded()
 {
-    // Bytes may have come that the event loop had no time to deliver.
-    const bool isSilent = m_port.readAll().isEmpty();
+    // Bytes may be there that the event loop had no time to deliver.
+    const bool isSilent = !m_port.waitForReadyRead(0);
     if (!isOpen())
         return;
+    m_port.readAll();
     if (!isSilent && ++m_drainRounds < MaximumDrainRounds) {
         waitFor(DrainSilence);
         return;

@@ -88,6 +88,8 @@ BusPublication::Claim BusPublication::tryClaim(const QString &name, QString *err
     lock->setStaleLockTime(0); // only its owner's death ends it, however long that one lives
     if (lock->tryLock(LockPatienceMilliseconds)) {
         m_lock = std::move(lock);
+        // What a dead simulator left there may lead to somebody's terminal by now.
+        QFile::remove(simulatedbuses::linkPath(name));
         m_name = name;
         return Claim::Made;
     }

@@ -352,6 +352,10 @@ void TestBoundWidgets::decimalComma()
         enter(target, QStringLiteral("2,5"));
         QCOMPARE(static_cast<QDoubleSpinBox &>(target).value(), 2.5);
         QVERIFY(target.isDirty());
+        enter(target, QStringLiteral("1.5")); // the wrong sign must not make it 15
+        QVERIFY(!target.isDirty());
+        QTest::keyClick(&target, Qt::Key_Return);
+        QCOMPARE(target.text(), QStringLiteral("1,534"));
     }
     QLocale::setDefault(QLocale::c());
 }
@@ -368,6 +372,8 @@ void TestBoundWidgets::unfinishedTextIsNoEdit()
     QVERIFY(!fixture.editSave("v").isEnabled());
     QTest::keyClick(target.findChild<QLineEdit *>(), Qt::Key_Minus);
     QVERIFY(!fixture.editSave("v").isEnabled());
+    QTest::keyClick(&target, Qt::Key_Return); // back to the servo's value, not to the 2
+    QCOMPARE(target.text(), QStringLiteral("1.571"));
     target.setEditable(false);
     QCOMPARE(target.text(), QStringLiteral("1.571"));
 }

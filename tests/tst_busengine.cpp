@@ -212,6 +212,21 @@ private Q_SLOTS:
         QCOMPARE(peer.receivedCount(), 1 + packets + 1);
     }
 
+    void aReadThatJoinsHasRepeatsOfItsOwn()
+    {
+        std::atomic<bool> mute{false};
+        PtyPeer peer([&](const Packet &instruction) { return mute ? QByteArray() : zelvarServo(instruction); });
+        Client client(peer);
+        client.getAcquainted();
+        mute = true;
+        client.read(0, 4);
+        QTRY_COMPARE(peer.receivedCount(), 1 + 3); // the last attempt is under way
+        client.read(0, 4);
+        QTRY_VERIFY(peer.receivedCount() > 1 + 3);
+        mute = false;
+        QTRY_COMPARE(client.replies.size(), 1);
+    }
+
     void aReadThatIsNoLongerTheNewestIsNotRepeated()
     {
         std::atomic<bool> mute{false};

@@ -198,7 +198,6 @@ private Q_SLOTS:
         UiScheduler scheduler(1, m_helper, target, nullptr);
         scheduler.startScheduler(1);
         QTRY_VERIFY(!m_port->calls.isEmpty());
-        scheduler.stopScheduler();
         QByteArray reply = QByteArray(8, '\0') + '\x82';
         for (int i = 0; i < length + 2; ++i)
             reply.append(char(0x80 + i));
@@ -212,13 +211,27 @@ private Q_SLOTS:
         QCOMPARE(target.errors, QList<int>{-126});
     }
 
-    void aReplyToAReplacedSchedulerReachesNothing()
+    void aReplyThatComesTooLateReachesNothing_data()
     {
+        QTest::addColumn<int>("meanwhile");
+        QTest::newRow("another scheduler took over") << 0;
+        QTest::newRow("polling was stopped") << 1;
+        QTest::newRow("a write was queued") << 2;
+    }
+
+    void aReplyThatComesTooLateReachesNothing()
+    {
+        QFETCH(int, meanwhile);
         RecordingTarget target;
         auto scheduler = std::make_unique<UiScheduler>(1, m_helper, target, nullptr);
         scheduler->startScheduler(1);
         QTRY_VERIFY(!m_port->calls.isEmpty());
-        scheduler.reset();
+        if (meanwhile == 0)
+            scheduler.reset();
+        else if (meanwhile == 1)
+            scheduler->stopScheduler();
+        else
+            scheduler->addQueueRequest(48, "a");
         m_port->deliver(QByteArray(129, 'x'));
         QCOMPARE(target.shown.size(), 0);
     }

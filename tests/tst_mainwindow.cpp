@@ -197,6 +197,28 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.operations().last(), QString("close"));
     }
 
+    void anIdentificationThatComesTooLateConnectsNothing()
+    {
+        Fixture fixture;
+        fixture.interval()->setValue(10);
+        fixture.trigger("actionConnect");
+        fixture.trigger("actionDisconnect");
+        fixture.port->deliver(reply(2, 6));
+        QCOMPARE(fixture.status(), QString("Disconnected"));
+        QTRY_COMPARE(fixture.operations().last(), QString("close"));
+        QCOMPARE(fixture.operations().count("read"), 1); // no polling
+    }
+
+    void aPortLostAfterDisconnectIsNobodysConcern()
+    {
+        Fixture fixture;
+        fixture.connectToServo();
+        fixture.trigger("actionDisconnect");
+        QTRY_COMPARE(fixture.operations().last(), QString("close"));
+        Q_EMIT fixture.port->connectionLost("It is gone.");
+        QCOMPARE(fixture.watcher.boxes, QStringList());
+    }
+
     void aQuickReconnectIsClosedOnceAndNothingLeaks()
     {
         Fixture fixture;

@@ -3,6 +3,7 @@
 #include "widgets/boundinput.h"
 
 #include <QLineEdit>
+#include <QValidator>
 
 /**
  * What the two spin boxes share. Without a value to show the text is cleared; the number behind it stays.
@@ -27,6 +28,18 @@ protected:
     {
         QtBase::setValue(this->hasAcceptableInput() ? QtBase::value() : this->stored());
         refreshBlank();
+    }
+
+    // Text that is no number gives way to the servo's value, not to the last number that was passed on the way there.
+    void fixup(QString &text) const override { text = this->textFromValue(this->stored()); }
+
+    // Group separators are never shown here: read as one, the decimal sign of another locale would make the number ten
+    // times as large or more. The text stays as typed, but is no edit.
+    QValidator::State validate(QString &text, int &position) const override
+    {
+        if (text.contains(this->locale().groupSeparator()))
+            return QValidator::Intermediate;
+        return QtBase::validate(text, position);
     }
 
     void refreshBlank() override

@@ -1,5 +1,5 @@
-// The store and the settings dialog: what is believed of a store that anybody may have edited, and what reaches the
-// store and the live records when.
+// The store and the settings dialog: what is believed of a store that anybody may have edited, and what
+// reaches the store and the live records when.
 
 #include "link/serialhelper.h"
 #include "settings/settings.h"
@@ -45,15 +45,15 @@ struct Fixture
 };
 
 const std::pair<const char *, qint32 PhysicalQuantities::*> UnitFields[] = {
-    {"angularVelocity", &PhysicalQuantities::angularVelocity},
-    {"angle", &PhysicalQuantities::angle},
+    {"angularVelocity",     &PhysicalQuantities::angularVelocity    },
+    {"angle",               &PhysicalQuantities::angle              },
     {"angularAcceleration", &PhysicalQuantities::angularAcceleration},
-    {"torque", &PhysicalQuantities::torque},
-    {"voltage", &PhysicalQuantities::voltage},
-    {"current", &PhysicalQuantities::current},
-    {"temperature", &PhysicalQuantities::temperature},
-    {"returnDelay", &PhysicalQuantities::returnDelay},
-    {"servoData", &PhysicalQuantities::servoData},
+    {"torque",              &PhysicalQuantities::torque             },
+    {"voltage",             &PhysicalQuantities::voltage            },
+    {"current",             &PhysicalQuantities::current            },
+    {"temperature",         &PhysicalQuantities::temperature        },
+    {"returnDelay",         &PhysicalQuantities::returnDelay        },
+    {"servoData",           &PhysicalQuantities::servoData          },
 };
 
 /** The units record as one digit a quantity, in the record's order. */

@@ -1,10 +1,6 @@
 // The program as its user has it: the whole window on a simulated bus in a process of its own, over its device file.
 
-#include "app/mainwindow.h"
-#include "settings/settings.h"
-#include "settings/settingsdialog.h"
-#include "tests/support/boxwatcher.h"
-#include "tests/support/simulatorprocess.h"
+#include "tests/support/desk.h"
 #include "tests/support/testenvironment.h"
 
 #include <QAction>
@@ -21,39 +17,6 @@
 #include <sys/resource.h>
 
 namespace {
-
-/** A window on a simulated bus, and what its user does and sees. */
-struct Desk
-{
-    explicit Desk(int servoId, const QStringList &simulatorArguments = {}) : simulator(simulatorArguments)
-    {
-        Settings("main window settings").setValue("servoId", servoId);
-        Settings("main window settings").setValue("pollingInterval", 10);
-        window = std::make_unique<MainWindow>(nullptr);
-        window->show();
-    }
-
-    template <typename Widget>
-    Widget *find(const char *name) const
-    {
-        return window->findChild<Widget *>(name);
-    }
-    void trigger(const char *name) const { find<QAction>(name)->trigger(); }
-    void click(const char *name) const { QTest::mouseClick(find<QToolButton>(name), Qt::LeftButton); }
-    void showTab(int index) const { find<QTabWidget>("tabWidget")->setCurrentIndex(index); }
-    QString status() const { return window->statusBar()->currentMessage(); }
-    QString text(const char *lineEdit) const { return find<QLineEdit>(lineEdit)->text(); }
-    /** The byte that the register view shows, in hexadecimal; empty when it shows none. */
-    QString cell(const char *table, int row) const
-    {
-        const QTableWidgetItem *item = find<QTableWidget>(table)->item(row, 1);
-        return item ? item->text() : QString();
-    }
-
-    BoxWatcher watcher;
-    SimulatorProcess simulator;
-    std::unique_ptr<MainWindow> window;
-};
 
 constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
 

@@ -164,9 +164,6 @@ void RegisterView::setCell(const RegisterDescription &description, int column, c
 {
     auto *item = new QTableWidgetItem(text);
     item->setToolTip(description.description);
-    // Few windows are so wide that the ends of the descriptions, "(lower)" and "(upper)", are not cut off.
-    if (column == DescriptionColumn)
-        item->setToolTip(text);
     if (description.writable == 0)
         item->setBackground(readOnlyTint());
     m_tables[description.bank]->setItem(description.row, column, item);

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/mainwindow.h"
+#include "settings/settings.h"
+#include "tests/support/boxwatcher.h"
+#include "tests/support/simulatorprocess.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+
+#include <memory>
+
+/** A window on a simulated bus, and what its user does and sees. */
+struct Desk
+{
+    explicit Desk(int servoId, const QStringList &simulatorArguments = {}) : simulator(simulatorArguments)
+    {
+        Settings("main window settings").setValue("servoId", servoId);
+        Settings("main window settings").setValue("pollingInterval", 10);
+        window = std::make_unique<MainWindow>(nullptr);
+        window->show();
+    }
+
+    template <typename Widget>
+    Widget *find(const char *name) const
+    {
+        return window->findChild<Widget *>(name);
+    }
+    void trigger(const char *name) const { find<QAction>(name)->trigger(); }
+    void click(const char *name) const { QTest::mouseClick(find<QToolButton>(name), Qt::LeftButton); }
+    void showTab(int index) const { find<QTabWidget>("tabWidget")->setCurrentIndex(index); }
+    QString status() const { return window->statusBar()->currentMessage(); }
+    QString text(const char *lineEdit) const { return find<QLineEdit>(lineEdit)->text(); }
+    /** The byte that the register view shows, in hexadecimal; empty when it shows none. */
+    QString cell(const char *table, int row) const
+    {
+        const QTableWidgetItem *item = find<QTableWidget>(table)->item(row, 1);
+        return item ? item->text() : QString();
+    }
+
+    BoxWatcher watcher;
+    SimulatorProcess simulator;
+    std::unique_ptr<MainWindow> window;
+};

@@ -1,0 +1,234 @@
+// Every fault of the line against everything that the program does with it: nothing crashes, hangs or warns, nothing is
+// shown that was never in the servo, and what was applied gets there, in its order.
+
+#include "link/processwide.h"
+#include "search/searchdialog.h"
+#include "tests/support/desk.h"
+#include "tests/support/testenvironment.h"
+#include "widgets/uigrouphelper.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QSet>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr int ServoId = 3;
+constexpr int TargetPosition = 78;    // register
+constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
+constexpr int RestingRow = 17;        // "Debug 2" in "Volatile bank 2": whether the servo is at rest
+constexpr int ErrorRow = 18;          // "Debug 3" in "Volatile bank 2": how far away the target is
+constexpr int Targets[] = {100, 200, 300}; // counts, applied in this order
+
+const char *const Tables[] = {"eepromRegisterBank1Widget", "eepromRegisterBank2Widget", "ramRegisterBank1TableWidget",
+                              "ramRegisterBank2TableWidget"};
+
+QString hexadecimal(int byte)
+{
+    return QString("0x%1").arg(byte, 2, 16, QLatin1Char('0'));
+}
+
+QString cellName(const char *table, int row)
+{
+    return QString("%1:%2").arg(table).arg(row);
+}
+
+/** What each cell of the register view may show. */
+using Cells = QMap<QString, QSet<QString>>;
+
+/** A desk that writes down whatever the register view shows and nobody may ever see. */
+struct WatchedDesk : Desk
+{
+    WatchedDesk(const QString &fault, const Cells &allowed) : Desk(ServoId, {"--seed", "11", "--fault", fault})
+    {
+        showTab(1);
+        for (const char *name : Tables) {
+            auto *table = find<QTableWidget>(name);
+            QObject::connect(table, &QTableWidget::cellChanged, table, [=, &allowed](int row, int column) {
+                const QString text = table->item(row, column)->text();
+                if (column == 1 && !allowed.value(cellName(name, row)).contains(text))
+                    wrong.append(cellName(name, row) + " " + text);
+                ++shown;
+            });
+        }
+    }
+
+    /** Connects, again and again when the servo cannot be identified. @return whether it could. */
+    bool connectToServo()
+    {
+        constexpr int Attempts = 8;
+        for (int i = 0; i < Attempts && boxes() == 0; ++i) {
+            trigger("actionConnect");
+            if (QTest::qWaitFor([this] { return status() != "Disconnected" || boxes() > 0; }, 500))
+                return status() == "Connected";
+            trigger("actionDisconnect");
+        }
+        return false;
+    }
+    int boxes() const { return watcher.boxes.size(); }
+    QString targetPosition() const
+    {
+        QString bytes;
+        for (int i = 0; i < 4; ++i)
+            bytes += cell("ramRegisterBank1TableWidget", TargetPositionRow + i);
+        return bytes;
+    }
+    void applyTargets() const
+    {
+        for (const int target : Targets) {
+            const QByteArray block{QByteArray::fromRawData(reinterpret_cast<const char *>(&target), 4)};
+            Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(TargetPosition,
+                                                                           QByteArray(block.constData(), 4));
+        }
+    }
+
+    QStringList wrong;
+    int shown = 0;
+};
+
+} // namespace
+
+class TestFaults : public QObject
+{
+    Q_OBJECT
+
+    Cells m_allowed;
+
+    void identify(WatchedDesk &desk, bool mustWork)
+    {
+        QCOMPARE(desk.connectToServo() || !mustWork, true);
+    }
+
+    void poll(WatchedDesk &desk, bool mustWork)
+    {
+        desk.connectToServo();
+        if (mustWork)
+            QTRY_VERIFY(desk.shown > 0);
+    }
+
+    void write(WatchedDesk &desk, bool mustWork)
+    {
+        desk.connectToServo();
+        desk.applyTargets();
+        if (mustWork)
+            QTRY_COMPARE(desk.targetPosition(), QString("0x2c0x010x000x00"));
+    }
+
+    void reboot(WatchedDesk &desk, bool)
+    {
+        desk.trigger("actionReboot");
+        QVERIFY(desk.boxes() <= 1);
+        desk.watcher.boxes.removeAll(BoxWatcher::success("Zelvar servo id:3 was rebooted successfully"));
+    }
+
+    void factoryReset(WatchedDesk &desk, bool)
+    {
+        desk.trigger("actionReset");
+        QVERIFY(desk.boxes() <= 1);
+        desk.watcher.boxes.removeAll(BoxWatcher::success("Factory reset of Zelvar servo id:3 was successful"));
+    }
+
+    void scan(WatchedDesk &desk, bool)
+    {
+        desk.trigger("actionSearch");
+        SearchDialog *dialog = SearchDialog::instance();
+        dialog->findChild<QCheckBox *>("baudRate1000000CheckBox")->setChecked(true);
+        dialog->findChild<QPushButton *>("scanPushButton")->click();
+        const auto *tree = dialog->findChild<QTreeWidget *>("servoTreeWidget");
+        if (const QTreeWidgetItem *root = tree->topLevelItem(0)) {
+            for (int i = 0; i < root->childCount(); ++i) {
+                const QString id = root->child(i)->text(1);
+                QCOMPARE(root->child(i)->text(2), QString(id == "5" ? "Zelvar M0" : "Zelvar M1"));
+                QVERIFY(id == "3" || id == "5");
+            }
+        }
+        dialog->close();
+    }
+
+    void disconnectInBetween(WatchedDesk &desk, bool)
+    {
+        if (desk.connectToServo())
+            desk.trigger("actionDisconnect");
+        QCOMPARE(desk.status(), QString("Disconnected"));
+        QVERIFY(desk.find<QAction>("actionConnect")->isEnabled());
+    }
+
+    void closeInBetween(WatchedDesk &desk, bool)
+    {
+        desk.connectToServo();
+        desk.applyTargets();
+        desk.window->close();
+        desk.window.reset();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        // What a servo that nobody disturbs shows, and the targets that are applied below.
+        QSettings("Ostravel", "Zelvar Servo Manager").clear();
+        Desk desk(ServoId);
+        desk.showTab(1);
+        desk.trigger("actionConnect");
+        QTRY_COMPARE(desk.cell("ramRegisterBank2TableWidget", 21), QString("0x00"));
+        for (const char *table : Tables) {
+            for (int row = 0; row < desk.find<QTableWidget>(table)->rowCount(); ++row)
+                m_allowed[cellName(table, row)].insert(desk.cell(table, row));
+        }
+        m_allowed[cellName(Tables[3], RestingRow)] = {"0x00", "0x01"};
+        for (const int target : Targets) {
+            for (int byte = 0; byte < 4; ++byte)
+                m_allowed[cellName(Tables[2], TargetPositionRow + byte)].insert(
+                    hexadecimal((target >> (8 * byte)) & 0xFF));
+            for (int byte = 0; byte < 2; ++byte) // the servo does not move
+                m_allowed[cellName(Tables[3], ErrorRow + byte)].insert(hexadecimal((target >> (8 * byte)) & 0xFF));
+        }
+    }
+
+    void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
+
+    void everyFaultAgainstEverything_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<int>("operation");
+        const struct
+        {
+            const char *fault;
+            const char *name;
+        } faults[] = {{"drop=0.4", "drop"},           {"corrupt=0.4", "corrupt"}, {"truncate=0.4", "truncate"},
+                      {"garbage=0.5", "garbage"},     {"delay=30", "delay"},      {"chunk", "chunk"},
+                      {"echo", "echo"},               {"mute-after=2", "mute"},   {"vanish-after=2", "vanish"}};
+        const char *const operations[] = {"identify", "poll",       "write",      "reboot",
+                                          "reset",    "scan",       "disconnect", "close"};
+        for (const auto &fault : faults) {
+            for (int operation = 0; operation < 8; ++operation) {
+                QTest::addRow("%s while %s", fault.name, operations[operation]) << QString(fault.fault) << operation;
+            }
+        }
+    }
+
+    void everyFaultAgainstEverything()
+    {
+        using Operation = void (TestFaults::*)(WatchedDesk &desk, bool mustWork);
+        constexpr Operation operations[] = {&TestFaults::identify,     &TestFaults::poll,
+                                            &TestFaults::write,        &TestFaults::reboot,
+                                            &TestFaults::factoryReset, &TestFaults::scan,
+                                            &TestFaults::disconnectInBetween, &TestFaults::closeInBetween};
+        QFETCH(QString, fault);
+        QFETCH(int, operation);
+        // Two replies are enough to be identified and polled once, and not for more.
+        const bool isEnd = fault.contains("after");
+        WatchedDesk desk(fault, m_allowed);
+        (this->*operations[operation])(desk, !isEnd);
+        QVERIFY2(desk.wrong.isEmpty(), qPrintable(desk.wrong.join(", ")));
+        if (!fault.startsWith("vanish"))
+            QCOMPARE(desk.watcher.boxes, QStringList());
+        for (const QString &box : qAsConst(desk.watcher.boxes))
+            QVERIFY2(box.contains("was lost") || box.contains("was not found"), qPrintable(box));
+    }
+};
+
+ZELVAR_TEST_MAIN(TestFaults)
+#include "tst_faults.moc"

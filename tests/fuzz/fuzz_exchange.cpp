@@ -1,0 +1,92 @@
+#include "serialport/exchange.h"
+#include "serialport/replylayout.h"
+#include "tests/fuzz/fuzzinput.h"
+
+using wire::Framing;
+
+namespace {
+
+BusRequest makeRequest(FuzzInput &input)
+{
+    BusRequest request;
+    request.operation = static_cast<BusRequest::Operation>(input.byte() % 4);
+    request.id = input.byte() % (wire::MaximumId + 1);
+    request.address = input.byte();
+    if (request.operation == BusRequest::Operation::Read)
+        request.length = input.byte();
+    if (request.operation == BusRequest::Operation::Write)
+        request.data = input.bytes(64) + 'x';
+    return request;
+}
+
+QByteArray makeAnswer(FuzzInput &input, const BusRequest &request)
+{
+    const quint8 id = input.byte() % 4 ? request.id : input.byte();
+    const quint8 error = input.byte();
+    const QByteArray data = input.byte() % 4 ? QByteArray(request.length, static_cast<char>(input.byte()))
+                                             : input.bytes(130);
+    if (input.byte() % 2)
+        return wire::protocol2::encodeStatus(id, error, data);
+    return wire::protocol1::encode(id, error, data.left(wire::protocol1::MaximumParameters));
+}
+
+void checkReply(const Exchange &exchange)
+{
+    const BusRequest &request = exchange.request();
+    const QByteArray reply = exchange.reply();
+    require(exchange.answeredIn().has_value());
+    if (request.operation == BusRequest::Operation::Read) {
+        require(reply.size() == request.length + replylayout::ReadOverhead);
+    } else {
+        require(reply.size() == 6 && static_cast<quint8>(reply[2]) == request.id);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
+{
+    constexpr int MostTransmissions = 3; // both framings, and waiting once for an answer that has begun
+    FuzzInput input(bytes, size);
+    const BusRequest request = makeRequest(input);
+    const Framing first = input.byte() % 2 ? Framing::Protocol1 : Framing::Protocol2;
+    const quint8 knowledge = input.byte() % 3;
+    const auto known = knowledge == 0   ? std::nullopt
+                       : knowledge == 1 ? std::make_optional(Framing::Protocol1)
+                                        : std::make_optional(Framing::Protocol2);
+    Exchange exchange(request, first, known, 1 + input.byte() * 10000);
+
+    auto sent = exchange.begin();
+    int transmissions = 1;
+    while (!input.isUsedUp()) {
+        require(sent.patience.count() >= 0);
+        Exchange::Progress progress = Exchange::Progress::Waiting;
+        switch (input.byte() % 4) {
+        case 0:
+            progress = exchange.take(input.bytes(24));
+            break;
+        case 1:
+            progress = exchange.take(makeAnswer(input, request));
+            break;
+        case 2:
+            progress = exchange.take(sent.packet); // the echo of a half-duplex adapter
+            break;
+        case 3:
+            if (const auto next = exchange.timeOut()) {
+                sent = *next;
+                require(++transmissions <= MostTransmissions);
+            } else {
+                sent = exchange.begin();
+                transmissions = 1;
+            }
+            break;
+        }
+        if (progress == Exchange::Progress::Answered) {
+            checkReply(exchange);
+            return 0;
+        }
+        if (progress != Exchange::Progress::Waiting)
+            return 0;
+    }
+    return 0;
+}

@@ -1,0 +1,46 @@
+# What `cmake --install` puts where.
+
+# The shared library serves this program only. On systems with run paths it goes to a folder of the program's own that
+# nothing else searches; the run path is relative, so the installed tree may be moved as a whole. Windows has no run
+# paths: there the library lies beside the program.
+set(zelvar_private_libdir ${CMAKE_INSTALL_LIBDIR}/zelvar-servo-manager)
+file(RELATIVE_PATH zelvar_libdir_from_bindir
+    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zelvar-servo-manager)
+set_target_properties(zelvar-servo-manager PROPERTIES
+    INSTALL_RPATH $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>/${zelvar_libdir_from_bindir})
+
+set(zelvar_programs zelvar-servo-manager)
+if(TARGET zelvar-servo-simulator)
+    list(APPEND zelvar_programs zelvar-servo-simulator)
+endif()
+install(TARGETS ${zelvar_programs} zelvarserialport
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${zelvar_private_libdir} NAMELINK_SKIP
+    ARCHIVE EXCLUDE_FROM_ALL) # Windows' import library, of no use to a user
+
+if(UNIX)
+    foreach(program IN LISTS zelvar_programs)
+        install(FILES packaging/man/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    endforeach()
+endif()
+
+# The menu entry, the software centre's page and the icons find each other by one name. macOS and Windows have their
+# own ways to do this, an application bundle and an installer, which are not made here.
+if(UNIX AND NOT APPLE)
+    set(zelvar_application_id com.ostravel.ZelvarServoManager)
+    set(zelvar_icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+    install(FILES packaging/linux/${zelvar_application_id}.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+    install(FILES packaging/linux/${zelvar_application_id}.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    install(FILES resources/images/zelvar_caption.svg
+        DESTINATION ${zelvar_icon_theme}/scalable/apps RENAME ${zelvar_application_id}.svg)
+    install(DIRECTORY packaging/icons/hicolor/ DESTINATION ${zelvar_icon_theme})
+endif()
+
+# udev looks into lib/udev/rules.d of /usr and /usr/local only, never into an architecture's library folder; for
+# another prefix, set an absolute path here.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(ZELVAR_UDEV_RULES_DIR lib/udev/rules.d CACHE STRING "Where the udev rule for serial adapters is installed")
+    install(FILES packaging/linux/70-zelvar-servo-manager.rules DESTINATION ${ZELVAR_UDEV_RULES_DIR})
+endif()

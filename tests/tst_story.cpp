@@ -6,7 +6,9 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QDoubleSpinBox>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QSettings>
 #include <QStatusBar>
@@ -28,6 +30,42 @@ class TestStory : public QObject
 
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
+
+    void aStoreThatIsNoUseDoesNotStopTheProgram_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("corrupt") << QByteArray("[main window settings\n\x00\xFF=\"@ByteArray(", 38);
+        QTest::newRow("binary") << QByteArray(4096, '\xFF');
+        QTest::newRow("of a later version") << QByteArray("[General]\nversion=9\n[main window settings]\n"
+                                                          "geometry=@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x9)\n"
+                                                          "servoId=1, 2\npollingInterval=@Size(10 20)\n");
+        QTest::newRow("a folder in its place") << QByteArray();
+    }
+
+    void aStoreThatIsNoUseDoesNotStopTheProgram()
+    {
+        QFETCH(QByteArray, content);
+        const QString path = QSettings("Ostravel", "Zelvar Servo Manager").fileName();
+        QFile::remove(path);
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        if (content.isEmpty()) {
+            QVERIFY(QDir().mkpath(path));
+        } else {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(content);
+            QVERIFY(file.setPermissions(QFile::ReadOwner));
+        }
+        {
+            SimulatorProcess simulator;
+            MainWindow window(nullptr);
+            window.show();
+            window.findChild<QAction *>("actionConnect")->trigger();
+            QTRY_COMPARE(window.statusBar()->currentMessage(), QString("Connected"));
+            window.close();
+        }
+        content.isEmpty() ? QDir(path).removeRecursively() : QFile::remove(path);
+    }
 
     void registersLive()
     {

@@ -99,7 +99,7 @@ std::optional<quint8> UiRegisterHelper::lastByte(quint8 address) const
 void UiRegisterHelper::assumeWritten(quint8 address, const QByteArray &bytes)
 {
     for (int offset = 0; offset < bytes.size(); ++offset) {
-        const quint8 written = quint8(address + offset);
+        const auto written = quint8(address + offset);
         if (lastByte(written))
             m_lastBytes[written] = quint8(bytes[offset]);
     }

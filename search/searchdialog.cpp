@@ -176,7 +176,8 @@ void SearchDialog::on_selectStateChanged(int state)
     else if (m_ui->selectCheckBox->checkState() == Qt::PartiallyChecked)
         target = Qt::Checked;
     showSelectAll(target);
-    for (QAbstractButton *button : m_baudRateButtons->buttons())
+    const auto buttons = m_baudRateButtons->buttons();
+    for (QAbstractButton *button : buttons)
         button->setChecked(target == Qt::Checked);
 }
 
@@ -263,7 +264,8 @@ void SearchDialog::fillPortList()
 
 void SearchDialog::reset()
 {
-    for (QAbstractButton *button : m_baudRateButtons->buttons())
+    const auto buttons = m_baudRateButtons->buttons();
+    for (QAbstractButton *button : buttons)
         button->setChecked(false);
     {
         // The guards would compare a new limit with the other one's old value.
@@ -278,7 +280,8 @@ void SearchDialog::reset()
 int SearchDialog::checkedBaudRates() const
 {
     int count = 0;
-    for (const QAbstractButton *button : m_baudRateButtons->buttons())
+    const auto buttons = m_baudRateButtons->buttons();
+    for (const QAbstractButton *button : buttons)
         count += button->isChecked() ? 1 : 0;
     return count;
 }

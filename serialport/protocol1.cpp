@@ -5,7 +5,7 @@ namespace wire::protocol1 {
 namespace {
 
 constexpr char HeaderByte = '\xFF';
-const QByteArray Header(HeaderSize, HeaderByte);
+const QByteArray Header = QByteArrayLiteral("\xFF\xFF");
 
 /** The inverted low byte of the sum from the id at index 2 up to and not including @p end. */
 quint8 checksum(const QByteArray &packet, int start, int end)

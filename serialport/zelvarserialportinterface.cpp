@@ -32,7 +32,8 @@ std::vector<std::shared_ptr<SerialPortItem>> ZelvarSerialPortInterface::getSeria
         items.push_back(std::make_shared<SerialPortItem>(bus.name, tr("Simulated servo bus"), QString(), bus.device,
                                                          quint16(0), quint16(0)));
     }
-    for (const QSerialPortInfo &port : QSerialPortInfo::availablePorts()) {
+    const auto systemPorts = QSerialPortInfo::availablePorts();
+    for (const QSerialPortInfo &port : systemPorts) {
         items.push_back(std::make_shared<SerialPortItem>(port.portName(), port.description(), port.manufacturer(),
                                                          port.systemLocation(), port.vendorIdentifier(),
                                                          port.productIdentifier()));

@@ -19,7 +19,7 @@ Settings::~Settings() = default;
 QVariant Settings::value(const QString &key, const QVariant &defaultValue) const
 {
     m_store->beginGroup(m_group);
-    const QVariant value = m_store->value(key, defaultValue);
+    QVariant value = m_store->value(key, defaultValue);
     m_store->endGroup();
     return value;
 }

@@ -11,7 +11,7 @@ std::chrono::microseconds wireTime(int bytes, int baudRate)
     constexpr qint64 MicrosecondsPerSecond = 1000000;
     if (baudRate <= 0)
         return {};
-    return std::chrono::microseconds(bytes * BitsPerByte * MicrosecondsPerSecond / baudRate);
+    return std::chrono::microseconds(MicrosecondsPerSecond * BitsPerByte * bytes / baudRate);
 }
 
 SimulatedBus::Servos makeServos(const std::vector<ServoChoice> &choices)

@@ -6,43 +6,75 @@
 namespace {
 
 const QString DefaultName = QStringLiteral("zelvar-sim");
-const QStringList DefaultServos = {QStringLiteral("zelvar:0"), QStringLiteral("zelvar:3"),
-                                   QStringLiteral("zelvar:7:57600"), QStringLiteral("ax12:5")};
+constexpr const char *DefaultServos[] = {"zelvar:0", "zelvar:3", "zelvar:7:57600", "ax12:5"};
 constexpr int LongestDelay = 60000; ///< ms
 constexpr int LongestName = 64;
 constexpr int MostReplies = 1000000000;
 
-// clang-format off
-const QCommandLineOption ServoOption{QStringLiteral("servo"),
-    QStringLiteral("A servo on the bus; repeatable. MODEL is zelvar or ax12, ID 0 to 253, BAUD 1000000 unless given. "
-                   "Without this option: zelvar:0, zelvar:3, zelvar:7:57600 and ax12:5."),
-    QStringLiteral("MODEL:ID[:BAUD]")};
-const QCommandLineOption NameOption{QStringLiteral("name"),
-    QStringLiteral("Name of the bus in the list of ports; zelvar-sim, or zelvar-sim-2 and so on when that is taken, "
-                   "unless given."),
-    QStringLiteral("NAME")};
-const QCommandLineOption LinkOption{QStringLiteral("link"),
-    QStringLiteral("Make a link to the serial device file at PATH as well."), QStringLiteral("PATH")};
-const QCommandLineOption PaceOption{QStringLiteral("pace"),
-    QStringLiteral("Hold every reply back for as long as request, acknowledge time and reply take on a wire at the "
-                   "client's baud rate.")};
-const QCommandLineOption StateOption{QStringLiteral("state"),
-    QStringLiteral("Keep the non-volatile registers in FILE from run to run. What is in it goes before the baud rates "
-                   "given with --servo."),
-    QStringLiteral("FILE")};
-const QCommandLineOption SeedOption{QStringLiteral("seed"),
-    QStringLiteral("Seed of the faults, 1 unless given: the same seed spoils the same replies."), QStringLiteral("N")};
-const QCommandLineOption FaultOption{QStringLiteral("fault"),
-    QStringLiteral("Something that goes wrong; repeatable. With the probability P (0 to 1) a reply is lost (drop=P), "
-                   "has a wrong byte (corrupt=P), lacks its end (truncate=P) or follows stray bytes (garbage=P); "
-                   "replies are late by MS milliseconds (delay=MS) or come in pieces (chunk); requests come back to "
-                   "the client (echo); after N replies there are no more (mute-after=N), or the port goes away when "
-                   "the next one is due (vanish-after=N)."),
-    QStringLiteral("KIND[=VALUE]")};
-const QCommandLineOption HelpOption{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
-const QCommandLineOption VersionOption{{QStringLiteral("v"), QStringLiteral("version")},
-                                       QStringLiteral("Show the version.")};
+/** A command-line option. */
+struct OptionText
+{
+    const char *name;
+    const char *description;
+    const char *valueName = nullptr; ///< null for a switch
+    const char *shortName = nullptr;
+};
 
+// clang-format off
+constexpr OptionText ServoOption{"servo",
+    "A servo on the bus; repeatable. MODEL is zelvar or ax12, ID 0 to 253, BAUD 1000000 unless given. "
+    "Without this option: zelvar:0, zelvar:3, zelvar:7:57600 and ax12:5.",
+    "MODEL:ID[:BAUD]"};
+constexpr OptionText NameOption{"name",
+    "Name of the bus in the list of ports; zelvar-sim, or zelvar-sim-2 and so on when that is taken, "
+    "unless given.",
+    "NAME"};
+constexpr OptionText LinkOption{"link",
+    "Make a link to the serial device file at PATH as well.", "PATH"};
+constexpr OptionText PaceOption{"pace",
+    "Hold every reply back for as long as request, acknowledge time and reply take on a wire at the "
+    "client's baud rate."};
+constexpr OptionText StateOption{"state",
+    "Keep the non-volatile registers in FILE from run to run. What is in it goes before the baud rates "
+    "given with --servo.",
+    "FILE"};
+constexpr OptionText SeedOption{"seed",
+    "Seed of the faults, 1 unless given: the same seed spoils the same replies.", "N"};
+constexpr OptionText FaultOption{"fault",
+    "Something that goes wrong; repeatable. With the probability P (0 to 1) a reply is lost (drop=P), "
+    "has a wrong byte (corrupt=P), lacks its end (truncate=P) or follows stray bytes (garbage=P); "
+    "replies are late by MS milliseconds (delay=MS) or come in pieces (chunk); requests come back to "
+    "the client (echo); after N replies there are no more (mute-after=N), or the port goes away when "
+    "the next one is due (vanish-after=N).",
+    "KIND[=VALUE]"};
+constexpr OptionText HelpOption{"help", "Show this help.", nullptr, "h"};
+constexpr OptionText VersionOption{"version", "Show the version.", nullptr, "v"};
+
+// clang-format on
+
+QString nameOf(const OptionText &option)
+{
+    return QString::fromLatin1(option.name);
+}
+
+QCommandLineOption parserOption(const OptionText &option)
+{
+    QStringList names;
+    if (option.shortName)
+        names.append(QString::fromLatin1(option.shortName));
+    names.append(nameOf(option));
+    return {names, QString::fromLatin1(option.description), QString::fromLatin1(option.valueName)};
+}
+
+QStringList defaultServos()
+{
+    QStringList servos;
+    for (const char *servo : DefaultServos)
+        servos.append(QString::fromLatin1(servo));
+    return servos;
+}
+
+// clang-format off
 struct ProbabilityFault { const char *name; double FaultSettings::*member; };
 constexpr ProbabilityFault ProbabilityFaults[] = {
     {"drop",     &FaultSettings::drop},
@@ -121,7 +153,7 @@ QString readFault(const QString &text, FaultSettings &faults)
 
 QString readServos(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    const QStringList texts = parser.isSet(ServoOption) ? parser.values(ServoOption) : DefaultServos;
+    const QStringList texts = parser.isSet(nameOf(ServoOption)) ? parser.values(nameOf(ServoOption)) : defaultServos();
     for (const QString &text : texts) {
         QString error;
         const auto choice = ServoChoice::fromText(text, &error);
@@ -134,8 +166,9 @@ QString readServos(const QCommandLineParser &parser, SimulatorOptions &options)
 
 QString readFaults(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    for (const QString &text : parser.values(FaultOption)) {
-        const QString error = readFault(text, options.faults);
+    const QStringList texts = parser.values(nameOf(FaultOption));
+    for (const QString &text : texts) {
+        QString error = readFault(text, options.faults);
         if (!error.isEmpty())
             return error;
     }
@@ -144,8 +177,8 @@ QString readFaults(const QCommandLineParser &parser, SimulatorOptions &options)
 
 QString readName(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    options.isNameGiven = parser.isSet(NameOption);
-    options.name = options.isNameGiven ? parser.value(NameOption) : DefaultName;
+    options.isNameGiven = parser.isSet(nameOf(NameOption));
+    options.name = options.isNameGiven ? parser.value(nameOf(NameOption)) : DefaultName;
     // It becomes a file name, and beside it lies one with ".lock" behind it.
     static const QRegularExpression pattern(QStringLiteral("\\A[A-Za-z0-9_][A-Za-z0-9_.-]*\\z"));
     if (!pattern.match(options.name).hasMatch() || options.name.size() > LongestName ||
@@ -159,33 +192,34 @@ QString readName(const QCommandLineParser &parser, SimulatorOptions &options)
 
 QString readSeed(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    if (!parser.isSet(SeedOption))
+    if (!parser.isSet(nameOf(SeedOption)))
         return {};
     bool isNumber = false;
-    options.seed = parser.value(SeedOption).toUInt(&isNumber);
+    options.seed = parser.value(nameOf(SeedOption)).toUInt(&isNumber);
     return isNumber
                ? QString()
-               : QStringLiteral("\"%1\" is no seed: expected 0 to 4294967295").arg(parser.value(SeedOption));
+               : QStringLiteral("\"%1\" is no seed: expected 0 to 4294967295").arg(parser.value(nameOf(SeedOption)));
 }
 
 QString readPaths(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    options.link = parser.value(LinkOption);
-    options.stateFile = parser.value(StateOption);
+    options.link = parser.value(nameOf(LinkOption));
+    options.stateFile = parser.value(nameOf(StateOption));
     for (const auto &option : {LinkOption, StateOption}) {
-        if (parser.isSet(option) && parser.value(option).isEmpty())
-            return QStringLiteral("--%1 needs a path").arg(option.names().first());
+        if (parser.isSet(nameOf(option)) && parser.value(nameOf(option)).isEmpty())
+            return QStringLiteral("--%1 needs a path").arg(nameOf(option));
     }
     return {};
 }
 
 QString readOptions(const QCommandLineParser &parser, SimulatorOptions &options)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().first());
-    options.isPaced = parser.isSet(PaceOption);
+    const QStringList unexpected = parser.positionalArguments();
+    if (!unexpected.isEmpty())
+        return QStringLiteral("unexpected argument \"%1\"").arg(unexpected.first());
+    options.isPaced = parser.isSet(nameOf(PaceOption));
     for (const auto read : {readServos, readName, readPaths, readSeed, readFaults}) {
-        const QString error = read(parser, options);
+        QString error = read(parser, options);
         if (!error.isEmpty())
             return error;
     }
@@ -200,15 +234,16 @@ SimulatorCommandLine SimulatorCommandLine::parse(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral(
         "Simulates a bus of smart servos behind a serial port of its own, which the servo manager "
         "lists by name."));
-    parser.addOptions({ServoOption, NameOption, LinkOption, PaceOption, StateOption, SeedOption, FaultOption,
-                       HelpOption, VersionOption});
+    for (const OptionText &option : {ServoOption, NameOption, LinkOption, PaceOption, StateOption, SeedOption,
+                                     FaultOption, HelpOption, VersionOption})
+        parser.addOption(parserOption(option));
 
     SimulatorCommandLine result;
     const bool isParsed = parser.parse(arguments);
-    if (isParsed && parser.isSet(HelpOption)) {
+    if (isParsed && parser.isSet(nameOf(HelpOption))) {
         result.action = Action::ShowText;
         result.text = parser.helpText();
-    } else if (isParsed && parser.isSet(VersionOption)) {
+    } else if (isParsed && parser.isSet(nameOf(VersionOption))) {
         result.action = Action::ShowText;
         result.text = QStringLiteral("zelvar-servo-simulator " ZELVAR_VERSION "\n");
     } else {

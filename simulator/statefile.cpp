@@ -44,7 +44,7 @@ StateFile::StateFile(const QString &path, std::vector<Entry> entries)
 QString StateFile::open()
 {
     if (QFile::exists(m_path)) {
-        const QString error = load();
+        QString error = load();
         if (!error.isEmpty())
             return error;
     }

@@ -331,7 +331,7 @@ void ZelvarServo::refreshRegisters()
 {
     const MotorModel &motor = m_drive.motor();
     const double position = motor.position() / RadiansPerCount + m_registers.value(HomeOffset);
-    const qint32 counts = static_cast<qint32>(std::lround(std::remainder(position, PositionSpan)));
+    const auto counts = static_cast<qint32>(std::lround(std::remainder(position, PositionSpan)));
     const qint32 velocity = rounded(std::abs(motor.velocity()) / Thousandth, 0xFFFF);
     const double error = std::abs(targetAngle(OperatingMode(m_registers.value(Mode))) - motor.position());
 

@@ -36,7 +36,8 @@ EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui:
 {
     m_ui->setupUi(this);
     // The last entry of each list stands for "not known yet".
-    for (auto *list : findChildren<QComboBox *>())
+    const auto lists = findChildren<QComboBox *>();
+    for (auto *list : lists)
         list->setCurrentIndex(list->count() - 1);
 
     m_ui->nvParamsCancelToolButton->setRole(ZelvarGroupToolButton::Cancel);

@@ -175,7 +175,7 @@ void BoundField::markDirty(bool dirty)
     if (m_dirty == dirty)
         return;
     m_dirty = dirty;
-    Q_EMIT setIsDirty(dirty);
+    setIsDirty(dirty);
 }
 
 void BoundField::clearDirty()

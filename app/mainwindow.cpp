@@ -3,6 +3,7 @@
 
 #include "app/connectionwatch.h"
 #include "app/polltarget.h"
+#include "app/screenfit.h"
 #include "controllers/inputmodecontroller.h"
 #include "controllers/operationmodecontroller.h"
 #include "device/devicehelper.h"
@@ -19,11 +20,17 @@
 #include "widgets/uigrouphelper.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QPointer>
+#include <QScreen>
 #include <QSpinBox>
+#include <QStyle>
 #include <QTimerEvent>
+#include <QToolButton>
+#include <QWhatsThis>
 
 #include <functional>
 #include <utility>
@@ -53,6 +60,12 @@ constexpr NumberRange PollingInterval{10, 5000, 500}; // ms
 constexpr int PollingIntervalStep = 10;               // ms
 constexpr NumberRange ServoId{0, 253, 0};
 
+/**
+ * Kilobytes that Qt may keep drawn controls in. Under a style sheet it never finds a spin box again that it has kept, so
+ * that a larger cache only fills with what nobody asks for.
+ */
+constexpr int PixmapCacheLimit = 1024;
+
 constexpr int CloseDelay = 100; // ms: lets an exchange under way finish
 
 // Where a reply to a reboot or factory reset has the servo's id and the error byte
@@ -72,6 +85,28 @@ std::shared_ptr<QSpinBox> makeSpinBox(const NumberRange &range, int value)
     return spinBox;
 }
 
+/** Makes @p label name @p spinBox, without the colon and the blank that only the eye needs. */
+void nameAfter(QLabel &label, QSpinBox &spinBox)
+{
+    label.setBuddy(&spinBox);
+    const QString caption = label.text().trimmed();
+    spinBox.setAccessibleName(caption.endsWith(QLatin1Char(':')) ? caption.chopped(1) : caption);
+}
+
+/** What windows may use of the screen that the middle of @p window is on. */
+QRect availableScreen(const QRect &window)
+{
+    const QScreen *screen = QGuiApplication::screenAt(window.center());
+    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+/** What the window manager is going to put around a window; it tells only once the window shows. */
+QMargins expectedFrame(const QStyle &style)
+{
+    const int border = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    return {border, style.pixelMetric(QStyle::PM_TitleBarHeight) + border, border, border};
+}
+
 } // namespace
 
 /** A servo operation that opens the port for itself alone, and what the user is told of it. */
@@ -88,6 +123,7 @@ MainWindow::MainWindow(QWidget *parent) : MainWindow(parent, nullptr) {}
 MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelper) : QMainWindow(parent)
 {
     initialiseResources();
+    QPixmapCache::setCacheLimit(PixmapCacheLimit);
     m_ui = std::make_unique<Ui::MainWindow>();
     m_settings = std::make_shared<Settings>(SettingsGroup);
     m_settingsDialog = std::make_shared<SettingsDialog>();
@@ -101,6 +137,7 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     setLinkUp(false);
     fillToolBar();
     makeConnections();
+    addAction(QWhatsThis::createAction(this)); // in no menu: Shift+F1 calls it
     restoreWindow();
     m_ui->statusBar->showMessage(tr("Disconnected"));
 }
@@ -220,11 +257,16 @@ void MainWindow::fillToolBar()
     m_idSpinBox = makeSpinBox(
         ServoId, m_settings->boundedInt(ServoIdKey, ServoId.initial, ServoId.minimum, ServoId.maximum));
 
+    nameAfter(*m_pollingIntervalLabel, *m_pollingIntervalSpinBox);
+    nameAfter(*m_idLabel, *m_idSpinBox);
     m_ui->toolBar->addWidget(m_pollingIntervalLabel.get());
     m_ui->toolBar->addWidget(m_pollingIntervalSpinBox.get());
     m_ui->toolBar->addSeparator();
     m_ui->toolBar->addWidget(m_idLabel.get());
     m_ui->toolBar->addWidget(m_idSpinBox.get());
+    // Shows what a narrow window has no room for; Qt leaves it without a name.
+    if (auto *more = m_ui->toolBar->findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setAccessibleName(tr("More"));
 }
 
 void MainWindow::makeConnections()
@@ -245,8 +287,15 @@ void MainWindow::makeConnections()
 
 void MainWindow::restoreWindow()
 {
-    restoreGeometry(m_settings->value(GeometryKey, QByteArray()).toByteArray());
+    const bool isStored = restoreGeometry(m_settings->value(GeometryKey, QByteArray()).toByteArray());
     restoreState(m_settings->value(WindowStateKey, QByteArray()).toByteArray());
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect fitting = screenfit::fitted(geometry(), availableScreen(geometry()), expectedFrame(*style()));
+    if (isStored)
+        setGeometry(fitting);
+    else
+        resize(fitting.size()); // where to is the window manager's choice
 }
 
 /** Opens the port that the settings name; tells the user when it cannot be opened. */

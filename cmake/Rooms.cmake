@@ -5,7 +5,7 @@ target_compile_definitions(zelvar_build_settings INTERFACE
     ZELVAR_VERSION="${PROJECT_VERSION}")
 target_include_directories(zelvar_build_settings INTERFACE ${PROJECT_SOURCE_DIR})
 if(MSVC)
-    target_compile_options(zelvar_build_settings INTERFACE /W4 $<$<BOOL:${ZELVAR_WARNINGS_AS_ERRORS}>:/WX>)
+    target_compile_options(zelvar_build_settings INTERFACE /W4 /utf-8 $<$<BOOL:${ZELVAR_WARNINGS_AS_ERRORS}>:/WX>)
 else()
     target_compile_options(zelvar_build_settings INTERFACE
         -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual

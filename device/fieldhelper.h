@@ -6,7 +6,7 @@
 #include <QObjectList>
 #include <QString>
 
-#include <map>
+#include <unordered_map>
 
 /**
  * Finds the fields of a view by object name, and knows the field id of every bound control. GUI thread
@@ -31,5 +31,5 @@ public:
 private:
     void collect(const QObjectList &children);
 
-    std::map<QString, Tracked<IZelvarField>> m_fields;
+    std::unordered_map<QString, Tracked<IZelvarField>> m_fields; // the mode locks look up most fields with each poll
 };

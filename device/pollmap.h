@@ -18,12 +18,31 @@ struct Item
     RawType type;
     /** Object name of the control that shows the value; null for registers that are polled only. */
     const char *field = nullptr;
-    /** Object name of the control that shows bit 15 as a direction; the field gets the other bits then. */
+    /** Object name of the control that shows DirectionBit; the field gets the other bits then. */
     const char *directionField = nullptr;
 };
 
+constexpr int DirectionBit = 15;
+
 /** Its bits go to the status check boxes. */
 constexpr quint8 HardwareErrorRegister = 107;
+
+struct HardwareError
+{
+    int bit;
+    /** Object name of the check box that shows the bit; null for bits that none shows. */
+    const char *field;
+};
+
+inline constexpr HardwareError HardwareErrors[] = {
+    {0, "inputVoltageStatusCheckBox"},
+    {1, "hallStatusCheckBox"},
+    {2, "overheatingStatusCheckBox"},
+    {3, "encoderStatusCheckBox"},
+    {4, "angleLimitStatusCheckBox"},
+    {5, nullptr},
+    {6, nullptr},
+};
 
 /**
  * In the order they are entered; the first item of an address counts. The items reach past the control

@@ -8,24 +8,7 @@
 
 namespace {
 
-constexpr qint32 DirectionBit = 0x8000;
-constexpr int DirectionShift = 15;
-
-struct HardwareErrorRow
-{
-    qint32 mask;
-    const char *objectName;
-};
-
-constexpr HardwareErrorRow HardwareErrors[] = {
-    {1,  "inputVoltageStatusCheckBox"},
-    {2,  "hallStatusCheckBox"},
-    {4,  "overheatingStatusCheckBox"},
-    {8,  "encoderStatusCheckBox"},
-    {16, "angleLimitStatusCheckBox"},
-    {32, nullptr},
-    {64, nullptr},
-};
+constexpr qint32 DirectionMask = 1 << pollmap::DirectionBit;
 
 // Model number and firmware version; everything after them differs between the models.
 constexpr quint8 RegistersOfAllModels[] = {0, 2};
@@ -150,15 +133,15 @@ void UiRegisterHelper::show(const pollmap::Item &item, qint32 value)
 
 void UiRegisterHelper::showMagnitudeAndDirection(const pollmap::Item &item, qint32 value)
 {
-    showValue(item.field, value & ~DirectionBit);
-    showValue(item.directionField, (value & DirectionBit) >> DirectionShift);
+    showValue(item.field, value & ~DirectionMask);
+    showValue(item.directionField, (value & DirectionMask) >> pollmap::DirectionBit);
 }
 
 void UiRegisterHelper::showHardwareErrors(qint32 status)
 {
-    for (const HardwareErrorRow &row : HardwareErrors) {
-        if (row.objectName)
-            showValue(row.objectName, status & row.mask);
+    for (const pollmap::HardwareError &error : pollmap::HardwareErrors) {
+        if (error.field)
+            showValue(error.field, status & (1 << error.bit));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "device/unitshelper.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace {
@@ -27,7 +29,8 @@ constexpr double OneCount = 0.001533980787885254;
 // By field id.
 constexpr QuantityRow Quantities[] = {
     {&PhysicalQuantities::angularVelocity,     {{"rad/s",   2, 0.1,      1}, {"rpm",     1, 1.0, 0}}},
-    {&PhysicalQuantities::angle,               {{"radians", 3, OneCount, 1}, {"degrees", 2, 0.0, 0}}},
+    {&PhysicalQuantities::angle,               {{QT_TRANSLATE_NOOP("UnitsHelper", "radians"), 3, OneCount, 1},
+                                                {QT_TRANSLATE_NOOP("UnitsHelper", "degrees"), 2, 0.0, 0}}},
     {&PhysicalQuantities::angularAcceleration, {{"rad/s²",  2, 0.01,     0}, None}},
     {&PhysicalQuantities::torque,              {{"Nm",      2, 0.1,      1}, {"kg-cm",   2, 0.1, 0}}},
     {&PhysicalQuantities::voltage,             {{"V",       1, 0.5,      0}, None}},
@@ -79,7 +82,7 @@ qint32 UnitsHelper::unitIndex(qint32 fieldId) const
 
 QString UnitsHelper::unitName(qint32 fieldId) const
 {
-    return QString::fromUtf8(unitOf(fieldId, unitIndex(fieldId)).text);
+    return QCoreApplication::translate("UnitsHelper", unitOf(fieldId, unitIndex(fieldId)).text);
 }
 
 int UnitsHelper::decimals(qint32 fieldId) const

@@ -2,6 +2,8 @@
 
 #include "device/zelvarv1registers.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -71,8 +73,9 @@ ZelvarV1::ZelvarV1(const ModeDependencies &dependencies) : DeviceBase(Limits)
     setController(QStringLiteral("operatingModeComboBox"), dependencies.operatingMode);
     setController(QStringLiteral("inputModeComboBox"), dependencies.inputMode);
     for (const RegisterRow &row : ZelvarV1Registers) {
-        m_registers.emplace(row.address, RegisterDescription{row.bank, row.row, row.writable,
-                                                             QString::fromUtf8(row.description)});
+        m_registers.emplace(row.address,
+                            RegisterDescription{row.bank, row.row, row.writable,
+                                                QCoreApplication::translate("ZelvarV1", row.description)});
     }
 }
 

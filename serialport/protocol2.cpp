@@ -2,6 +2,8 @@
 
 #include "serialport/crc16.h"
 
+#include <cstring>
+
 namespace wire::protocol2 {
 
 namespace {
@@ -10,16 +12,55 @@ const QByteArray Header = QByteArrayLiteral("\xFF\xFF\xFD\x00");
 const QByteArray StuffingPattern = QByteArrayLiteral("\xFF\xFF\xFD");
 constexpr char StuffingByte = '\xFD';
 
-QByteArray framed(quint8 id, const QByteArray &body)
+/** Where the stuffing pattern stands in @p bytes between @p from and @p end; -1 when it does not stand there. */
+int patternAt(const QByteArray &bytes, int from, int end)
 {
-    const QByteArray stuffedBody = stuffed(body);
+    const int lastOfPattern = StuffingPattern.size() - 1;
+    const char *const begin = bytes.constData();
+    // Its last byte is the rarest one: looking for that passes over nearly everything at once.
+    for (int at = from + lastOfPattern; at < end; ++at) {
+        const void *found = std::memchr(begin + at, StuffingByte, static_cast<std::size_t>(end - at));
+        if (!found)
+            return -1;
+        at = static_cast<int>(static_cast<const char *>(found) - begin);
+        if (std::memcmp(begin + at - lastOfPattern, StuffingPattern.constData(), lastOfPattern) == 0)
+            return at - lastOfPattern;
+    }
+    return -1;
+}
+
+/** Where the first whole header from @p from on stands in @p bytes; -1 when there is none. */
+int headerAt(const QByteArray &bytes, int from)
+{
+    const int end = bytes.size() - (HeaderSize - StuffingPattern.size());
+    for (int at = patternAt(bytes, from, end); at >= 0; at = patternAt(bytes, at + 1, end)) {
+        if (bytes[at + HeaderSize - 1] == Header[HeaderSize - 1])
+            return at;
+    }
+    return -1;
+}
+
+void setLittleEndian16(QByteArray &bytes, int index, quint16 value)
+{
+    bytes[index] = static_cast<char>(value & 0xFF);
+    bytes[index + 1] = static_cast<char>(value >> 8);
+}
+
+/** The packet whose body is @p lead and @p parameters. Polls make one each, so it is built where it stays. */
+template <std::size_t LeadSize>
+QByteArray framed(quint8 id, const char (&lead)[LeadSize], const QByteArray &parameters)
+{
     QByteArray packet;
-    packet.reserve(PrefixSize + stuffedBody.size() + CrcSize);
-    packet.append(Header);
-    packet.append(static_cast<char>(id));
-    packet.append(littleEndian16(static_cast<quint16>(stuffedBody.size() + CrcSize)));
-    packet.append(stuffedBody);
-    packet.append(littleEndian16(crc16(packet.constData(), static_cast<std::size_t>(packet.size()))));
+    packet.reserve(PrefixSize + static_cast<int>(LeadSize) + parameters.size() + CrcSize);
+    packet.append(Header).append(static_cast<char>(id));
+    packet.resize(PrefixSize); // the length follows when it is known
+    packet.append(lead, static_cast<int>(LeadSize)).append(parameters);
+    if (patternAt(packet, PrefixSize, packet.size()) >= 0)
+        packet.replace(PrefixSize, packet.size() - PrefixSize, stuffed(packet.mid(PrefixSize)));
+    const int crcIndex = packet.size();
+    setLittleEndian16(packet, HeaderSize + 1, static_cast<quint16>(crcIndex - PrefixSize + CrcSize));
+    packet.resize(crcIndex + CrcSize);
+    setLittleEndian16(packet, crcIndex, crc16(packet.constData(), static_cast<std::size_t>(crcIndex)));
     return packet;
 }
 
@@ -29,22 +70,27 @@ std::optional<Packet> decoded(const QByteArray &raw)
     const int crcIndex = raw.size() - CrcSize;
     if (crc16(raw.constData(), static_cast<std::size_t>(crcIndex)) != fromLittleEndian16(raw, crcIndex))
         return std::nullopt;
-    const auto body = unstuffed(raw.mid(PrefixSize, crcIndex - PrefixSize));
-    if (!body)
-        return std::nullopt;
 
     Packet packet;
     packet.framing = Framing::Protocol2;
     packet.id = static_cast<quint8>(raw[HeaderSize]);
-    packet.instruction = static_cast<quint8>(body->at(0));
-    int parametersAt = 1;
+    packet.instruction = static_cast<quint8>(raw[PrefixSize]);
+    int parametersAt = PrefixSize + 1;
     if (packet.instruction == Status) {
-        if (body->size() < 2)
+        if (crcIndex <= parametersAt)
             return std::nullopt; // a status packet always has an error byte
-        packet.error = static_cast<quint8>(body->at(1));
-        parametersAt = 2;
+        packet.error = static_cast<quint8>(raw[parametersAt]);
+        ++parametersAt;
     }
-    packet.parameters = body->mid(parametersAt);
+    if (patternAt(raw, PrefixSize, crcIndex) < 0) {
+        packet.parameters = raw.mid(parametersAt, crcIndex - parametersAt);
+    } else {
+        // What is removed stands behind three bytes of the body, so never before the parameters.
+        const auto body = unstuffed(raw.mid(PrefixSize, crcIndex - PrefixSize));
+        if (!body)
+            return std::nullopt;
+        packet.parameters = body->mid(parametersAt - PrefixSize);
+    }
     packet.raw = raw;
     return packet;
 }
@@ -54,18 +100,23 @@ std::optional<Packet> decoded(const QByteArray &raw)
 QByteArray encodeInstruction(quint8 id, quint8 instruction, const QByteArray &parameters)
 {
     Q_ASSERT(parameters.size() <= MaximumParameters);
-    return framed(id, QByteArray(1, static_cast<char>(instruction)) + parameters);
+    const char lead[] = {static_cast<char>(instruction)};
+    return framed(id, lead, parameters);
 }
 
 QByteArray encodeStatus(quint8 id, quint8 error, const QByteArray &parameters)
 {
     Q_ASSERT(parameters.size() <= MaximumParameters);
-    return framed(id, QByteArray(1, static_cast<char>(Status)) + static_cast<char>(error) + parameters);
+    const char lead[] = {static_cast<char>(Status), static_cast<char>(error)};
+    return framed(id, lead, parameters);
 }
 
 QByteArray readParameters(quint16 address, quint16 length)
 {
-    return littleEndian16(address) + littleEndian16(length);
+    QByteArray parameters(2 + 2, Qt::Uninitialized);
+    setLittleEndian16(parameters, 0, address);
+    setLittleEndian16(parameters, 2, length);
+    return parameters;
 }
 
 QByteArray writeParameters(quint16 address, const QByteArray &data)
@@ -112,7 +163,7 @@ std::optional<Packet> Parser::next()
 {
     int start = 0;
     for (;; ++start) {
-        start = m_buffer.indexOf(Header, start);
+        start = headerAt(m_buffer, start);
         if (start < 0) {
             // The last bytes may be the beginning of a header.
             m_buffer = m_buffer.right(HeaderSize - 1);
@@ -127,18 +178,27 @@ std::optional<Packet> Parser::next()
         const int size = PrefixSize + length;
         // Stuffing keeps a header out of every body: one that stands there belongs to the next packet, and this
         // one was cut short. (Its last byte does not matter: a body that ends in FF FF FD would be stuffed too.)
-        const int nextHeader = m_buffer.indexOf(Header, start + PrefixSize);
+        const int nextHeader = headerAt(m_buffer, start + PrefixSize);
         if (nextHeader >= 0 && nextHeader + StuffingPattern.size() <= start + size - CrcSize)
             continue;
         if (available < size)
             break;
         if (auto packet = decoded(m_buffer.mid(start, size))) {
-            m_buffer.remove(0, start + size);
+            removeBytes(start + size);
             return packet;
         }
     }
-    m_buffer.remove(0, start);
+    removeBytes(start);
     return std::nullopt;
+}
+
+void Parser::removeBytes(int count)
+{
+    // Mostly it is all of them, and they are shared with a packet then: removing them would copy them first.
+    if (count == m_buffer.size())
+        m_buffer.clear();
+    else
+        m_buffer.remove(0, count);
 }
 
 bool Parser::isInsidePacket() const

@@ -50,6 +50,8 @@ public:
     void clear() { m_buffer.clear(); }
 
 private:
+    void removeBytes(int count);
+
     QByteArray m_buffer;
 };
 

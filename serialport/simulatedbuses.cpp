@@ -24,7 +24,6 @@ bool isOwnFolder(const QString &path)
     const auto othersMayWrite = QFileDevice::WriteGroup | QFileDevice::WriteOther;
     return info.isDir() && info.ownerId() == getuid() && !(info.permissions() & othersMayWrite);
 }
-#endif
 
 /** Whether a simulator holds the lock of the bus @p name. */
 bool isAlive(const QString &name)
@@ -38,6 +37,7 @@ bool isAlive(const QString &name)
         return lock.error() == QLockFile::LockFailedError;
     return false;
 }
+#endif
 
 } // namespace
 
@@ -66,8 +66,8 @@ QString lockPath(const QString &name)
 
 std::vector<Bus> published()
 {
-    std::vector<Bus> buses;
 #ifdef Q_OS_UNIX
+    std::vector<Bus> buses;
     const QString path = folder();
     if (path.isEmpty() || !isOwnFolder(path))
         return buses;
@@ -80,8 +80,10 @@ std::vector<Bus> published()
         else if (entry.exists())
             buses.push_back({entry.fileName(), entry.canonicalFilePath()});
     }
-#endif
     return buses;
+#else
+    return {};
+#endif
 }
 
 } // namespace simulatedbuses

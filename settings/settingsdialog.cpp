@@ -21,6 +21,7 @@ const QString PortNameKey = QStringLiteral("serialPortName");
 constexpr int DefaultBaudRate = 1000000;
 constexpr int HighestBaudRate = 4000000;
 constexpr int ConnectionTab = 0;
+constexpr int TitleIndent = 10; // pixels, by the forms' style sheets
 
 constexpr int BaudRates[] = {9600,   19200,  38400,  57600,   115200, 200000,
                              250000, 400000, 500000, 1000000, 2000000};
@@ -99,6 +100,7 @@ SettingsDialog::SettingsDialog(std::shared_ptr<SerialHelper> serialHelper)
     m_ui->setupUi(this);
     theDialog = this;
     setModal(true);
+    makeRoomForTitles();
     m_ui->baudRateBox->setInsertPolicy(QComboBox::NoInsert);
     makeConnections();
     fillParameters();
@@ -189,6 +191,14 @@ void SettingsDialog::on_updateBaudRate(int baudRate)
     m_portSettings.baudRate = baudRate;
     m_portStore->setValue(BaudRateKey, baudRate);
     showBaudRate(baudRate);
+}
+
+// A group box takes its title into account, but not that the style sheet moves it to the right.
+void SettingsDialog::makeRoomForTitles()
+{
+    const auto groups = findChildren<QGroupBox *>();
+    for (QGroupBox *group : groups)
+        group->setMinimumWidth(group->minimumSizeHint().width() + 2 * TitleIndent);
 }
 
 void SettingsDialog::makeConnections()

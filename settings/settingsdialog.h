@@ -54,6 +54,7 @@ public Q_SLOTS:
 private:
     struct UnitRow;
 
+    void makeRoomForTitles();
     void makeConnections();
     void fillParameters();
     void fillPorts();

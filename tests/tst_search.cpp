@@ -11,7 +11,6 @@
 #include "tests/support/testenvironment.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QPointer>
@@ -27,13 +26,12 @@
 using namespace wire;
 
 namespace {
-
 const QStringList BaudRates{"9600",   "19200",  "38400",  "57600",  "115200",
                             "200000", "250000", "400000", "500000", "1000000"};
 
-std::shared_ptr<SerialPortItem> port(const QString &name, quint16 vendor = 0, const QString &description = {})
+std::shared_ptr<SerialPortItem> port(const QString &name)
 {
-    return std::make_shared<SerialPortItem>(name, description, QString(), "/dev/" + name, vendor, quint16(0));
+    return std::make_shared<SerialPortItem>(name, QString(), QString(), "/dev/" + name, 0, 0);
 }
 
 /** A servo of the own family at every id, which answers at once whatever the baud rate. */
@@ -53,19 +51,11 @@ public:
 
     explicit Dialog(const QStringList &portNames) : Dialog(portNames, std::make_shared<FakeSerialPort>()) {}
 
-    template <typename T> T *child(const QString &name) const
-    {
-        T *found = findChild<T *>(name);
-        if (!found)
-            qFatal("no child %s", qPrintable(name));
-        return found;
-    }
-    QPushButton *button(const QString &name) const { return child<QPushButton>(name + "PushButton"); }
-    QCheckBox *baudRate(const QString &rate) const { return child<QCheckBox>("baudRate" + rate + "CheckBox"); }
-    QCheckBox *selectAll() const { return child<QCheckBox>("selectCheckBox"); }
-    QComboBox *portBox() const { return child<QComboBox>("serialPortInfoListBox"); }
-    QTreeWidget *tree() const { return child<QTreeWidget>("servoTreeWidget"); }
-    QSpinBox *spinBox(const QString &limit) const { return child<QSpinBox>(limit + "SearchRangeSpinBox"); }
+    QPushButton *button(const QString &name) const { return findChild<QPushButton *>(name + "PushButton"); }
+    QCheckBox *baudRate(const QString &rate) const { return findChild<QCheckBox *>("baudRate" + rate + "CheckBox"); }
+    QCheckBox *selectAll() const { return findChild<QCheckBox *>("selectCheckBox"); }
+    QTreeWidget *tree() const { return findChild<QTreeWidget *>("servoTreeWidget"); }
+    QSpinBox *spinBox(const QString &limit) const { return findChild<QSpinBox *>(limit + "SearchRangeSpinBox"); }
 
     int checkedBaudRates() const
     {
@@ -124,17 +114,10 @@ private:
 /** What a user does in the middle of a scan. */
 using Act = std::function<void(Dialog *)>;
 
-int entriesOf(const QString &folder)
+/** How many file descriptors ("fd") or threads ("task") this process has. */
+int countOf(const QString &kind)
 {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot).size();
-}
-int openDescriptors()
-{
-    return entriesOf("/proc/self/fd");
-}
-int runningThreads()
-{
-    return entriesOf("/proc/self/task");
+    return QDir("/proc/self/" + kind).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
 }
 
 } // namespace
@@ -148,96 +131,46 @@ class TestSearch : public QObject
 private Q_SLOTS:
     void init() { Settings("port settings").setValue("serialPortName", QString()); }
 
-    void idLimitsDoNotCross_data()
-    {
-        QTest::addColumn<QString>("limit");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("lower below upper") << "lower" << 39 << 39;
-        QTest::newRow("lower meets upper") << "lower" << 40 << 40;
-        QTest::newRow("lower above upper goes back") << "lower" << 41 << 20;
-        QTest::newRow("lower down to 0") << "lower" << 0 << 0;
-        QTest::newRow("upper above lower") << "upper" << 21 << 21;
-        QTest::newRow("upper meets lower") << "upper" << 20 << 20;
-        QTest::newRow("upper below lower goes back") << "upper" << 19 << 40;
-        QTest::newRow("upper up to 253") << "upper" << 254 << 253;
-    }
-
     void idLimitsDoNotCross()
     {
-        QFETCH(QString, limit);
-        QFETCH(int, value);
         Dialog dialog({"ttyA"});
-        dialog.choose({}, 20, 40);
-        dialog.spinBox(limit)->setValue(value);
-        QTEST(dialog.spinBox(limit)->value(), "expected");
-        dialog.show(); // from limits that both lie beyond those it starts over with
-        QCOMPARE(dialog.spinBox("lower")->value(), 1);
-        QCOMPARE(dialog.spinBox("upper")->value(), 10);
-    }
-
-    void theSelectBoxTogglesBetweenAllAndNone_data()
-    {
-        QTest::addColumn<int>("checkedBefore");
-        QTest::addColumn<int>("stateBefore");
-        QTest::addColumn<int>("checkedAfter");
-        QTest::newRow("none -> all") << 0 << int(Qt::Unchecked) << 10;
-        QTest::newRow("one -> none") << 1 << int(Qt::PartiallyChecked) << 0;
-        QTest::newRow("nine -> none") << 9 << int(Qt::PartiallyChecked) << 0;
-        QTest::newRow("all -> none") << 10 << int(Qt::Checked) << 0;
+        QVERIFY(!dialog.button("scan")->isEnabled()); // no baud rate is chosen
+        const struct
+        {
+            const char *limit;
+            int value;
+            int expected;
+        } guards[] = {
+            {"lower", 40,  40 },
+            {"lower", 41,  20 },
+            {"upper", 20,  20 },
+            {"upper", 19,  40 },
+            {"upper", 254, 253},
+        };
+        for (const auto &guard : guards) {
+            dialog.choose({}, 20, 40);
+            dialog.spinBox(guard.limit)->setValue(guard.value);
+            QCOMPARE(dialog.spinBox(guard.limit)->value(), guard.expected);
+        }
     }
 
     void theSelectBoxTogglesBetweenAllAndNone()
     {
-        QFETCH(int, checkedBefore);
-        QFETCH(int, checkedAfter);
-        Dialog dialog({"ttyA"});
-        dialog.choose(BaudRates.mid(0, checkedBefore), 1, 10);
-        QTEST(int(dialog.selectAll()->checkState()), "stateBefore");
-        dialog.selectAll()->click();
-        QCOMPARE(dialog.checkedBaudRates(), checkedAfter);
-        QCOMPARE(int(dialog.selectAll()->checkState()), int(checkedAfter ? Qt::Checked : Qt::Unchecked));
-        dialog.selectAll()->click();
-        QCOMPARE(dialog.checkedBaudRates(), 10 - checkedAfter);
-    }
-
-    void scanNeedsAPortAndABaudRate()
-    {
-        Dialog dialog({});
-        dialog.choose({"9600"}, 1, 10);
-        QVERIFY(!dialog.button("scan")->isEnabled());
-        dialog.portBox()->addItem("ttyA");
-        QVERIFY(dialog.button("scan")->isEnabled());
-        dialog.baudRate("9600")->setChecked(false);
-        QVERIFY(!dialog.button("scan")->isEnabled());
-        dialog.portBox()->clear();
-        dialog.portBox()->addItem("ttyB");
-        QVERIFY(!dialog.button("scan")->isEnabled());
-    }
-
-    void showingStartsOverWithThePortsPresent()
-    {
-        Dialog dialog({"ttyA", "ttyB"});
-        dialog.portBox()->setCurrentText("ttyB");
-        dialog.choose(BaudRates, 100, 200);
-        dialog.tree()->setCurrentItem(dialog.addTreeRoot("9600"));
-        dialog.ports->ports.insert(dialog.ports->ports.begin(), port("ttyNew", 0x10c4, "Adapter"));
-        dialog.show();
-        QCOMPARE(dialog.portBox()->currentText(), QString("ttyB"));
-        QCOMPARE(dialog.portBox()->itemData(0).toStringList(),
-                 QStringList({"ttyNew", "Adapter", "N/A", "/dev/ttyNew", "10c4", "N/A"}));
-        QCOMPARE(dialog.checkedBaudRates(), 0);
-        QCOMPARE(dialog.spinBox("lower")->value(), 1);
-        QCOMPARE(dialog.spinBox("upper")->value(), 10);
-        QCOMPARE(dialog.rows(), QStringList());
-        QVERIFY(!dialog.button("select")->isEnabled());
-
-        Settings("port settings").setValue("serialPortName", "ttyA");
-        dialog.show();
-        QCOMPARE(dialog.portBox()->currentText(), QString("ttyA"));
-        Settings("port settings").setValue("serialPortName", "unplugged");
-        dialog.show();
-        QCOMPARE(dialog.portBox()->currentText(), QString("ttyA"));
+        const QMap<int, Qt::CheckState> states{
+            {0,  Qt::Unchecked       },
+            {1,  Qt::PartiallyChecked},
+            {10, Qt::Checked         }
+        };
+        for (auto state = states.begin(); state != states.end(); ++state) {
+            Dialog dialog({"ttyA"});
+            dialog.choose(BaudRates.mid(0, state.key()), 1, 10);
+            QCOMPARE(dialog.selectAll()->checkState(), state.value());
+            const int checkedAfter = state.key() == 0 ? 10 : 0;
+            dialog.selectAll()->click();
+            QCOMPARE(dialog.checkedBaudRates(), checkedAfter);
+            dialog.selectAll()->click();
+            QCOMPARE(dialog.checkedBaudRates(), 10 - checkedAfter);
+        }
     }
 
     void aScanListsEachServoWhereItAnsweredFirst()
@@ -257,14 +190,6 @@ private Q_SLOTS:
         QVERIFY(dialog.tree()->topLevelItem(0)->isExpanded());
         QVERIFY(dialog.button("scan")->isEnabled());
         QVERIFY(!dialog.button("abortScan")->isEnabled());
-    }
-
-    void theModelIsASignedByte()
-    {
-        PtyPeer bus(everyServo);
-        Dialog dialog({bus.path()});
-        dialog.choose({"9600"}, 9, 9);
-        QVERIFY(dialog.scanFinds({"9600", "9 Zelvar M-128"}));
     }
 
     void theChosenServoIsHandedOver()
@@ -287,12 +212,6 @@ private Q_SLOTS:
         QCOMPARE(baudRates, QList<QVariantList>{{57600}});
         QCOMPARE(ids, QList<QVariantList>{{7}});
         QVERIFY(!dialog.isVisible());
-
-        dialog.tree()->clearSelection();
-        root->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-        root->setSelected(true);
-        dialog.select();
-        QCOMPARE(ids.size(), 1);
     }
 
     void whatEndsAScan_data()
@@ -304,7 +223,6 @@ private Q_SLOTS:
         const QStringList second = first + QStringList{"19200:1", "19200:2"};
         QTest::newRow("abort, in the sweep") << Act([](Dialog *d) { d->abortScan(); }) << false << first;
         QTest::newRow("abort, clicked") << Act([](Dialog *d) { d->button("abortScan")->click(); }) << true << second;
-        QTest::newRow("cancel") << Act([](Dialog *d) { d->button("cancel")->click(); }) << true << first;
         QTest::newRow("closed and shown again") << Act([](Dialog *d) { d->close(); d->show(); }) << true << first;
         QTest::newRow("destroyed") << Act([](Dialog *d) { delete d; }) << true << first;
         QTest::newRow("nothing: a scan in a scan")
@@ -315,7 +233,7 @@ private Q_SLOTS:
     {
         QFETCH(Act, act);
         QFETCH(bool, isQueued);
-        const int threads = runningThreads();
+        const int threads = countOf("task");
         QStringList probes;
         {
             PtyPeer bus([](const Packet &) { return QByteArray(); });
@@ -338,7 +256,7 @@ private Q_SLOTS:
             delete dialog;
         }
         QTEST(probes, "expected");
-        QTRY_COMPARE(runningThreads(), threads);
+        QTRY_COMPARE(countOf("task"), threads);
         QCOMPARE(SearchDialog::instance(), nullptr);
     }
 
@@ -353,7 +271,7 @@ private Q_SLOTS:
         {
             const QMutexLocker lock(&SearchHelper::probeMutex());
             QMetaObject::invokeMethod(&helper, "scanServo", Q_ARG(int, 3), Q_ARG(int, 1000000));
-            QTRY_COMPARE(bus.receivedCount(), 1);
+            QTRY_VERIFY(bus.receivedCount() > 0);
             QCOMPARE(helper.waitForReply(QDeadlineTimer(5000)).size(), 4 + 11);
         }
         thread.quit();
@@ -367,23 +285,14 @@ private Q_SLOTS:
         dialog.choose({"1000000"}, 0, 253);
         connect(&dialog, &SearchDialog::doScanServo, this,
                 [] { QVERIFY2(!SearchHelper::probeMutex().tryLock(), "the answer may come before the wait for it"); });
-        const int threads = runningThreads();
+        const int threads = countOf("task");
         dialog.scan(); // opens what the process opens only once
-        const int descriptors = openDescriptors();
+        const int descriptors = countOf("fd");
         QVERIFY(dialog.rows().size() > 254 / 2); // all but those that a busy machine was too slow for
+        QVERIFY(dialog.rows()[1].endsWith(" Zelvar M-128"));
         dialog.scan();
-        QCOMPARE(openDescriptors(), descriptors);
-        QTRY_COMPARE(runningThreads(), threads);
-    }
-
-    void aPortThatCannotBeOpenedAnswersNothing()
-    {
-        Dialog dialog({"/dev/null/no-such-port"});
-        dialog.choose({"9600", "1000000"}, 1, 10);
-        dialog.scan();
-        QCOMPARE(dialog.probes.size(), 20);
-        QCOMPARE(dialog.rows(), QStringList());
-        QVERIFY(dialog.button("scan")->isEnabled());
+        QCOMPARE(countOf("fd"), descriptors);
+        QTRY_COMPARE(countOf("task"), threads);
     }
 };
 

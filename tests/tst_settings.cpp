@@ -8,17 +8,12 @@
 #include "tests/support/testenvironment.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSettings>
-#include <QTabWidget>
 
 namespace {
-
 const QString Port = "port settings";
-const QString Units = "units settings";
 
 std::shared_ptr<SerialPortItem> plainPort(const QString &name)
 {
@@ -40,7 +35,6 @@ struct Fixture
     QComboBox *ports() const { return box("serialPortInfoListBox"); }
     QComboBox *baudRates() const { return box("baudRateBox"); }
     QRadioButton *radio(const QString &name) const { return dialog->findChild<QRadioButton *>(name); }
-    QString label(const char *name) const { return dialog->findChild<QLabel *>(name)->text(); }
     void click(const char *name) const { dialog->findChild<QPushButton *>(name)->click(); }
 };
 
@@ -74,271 +68,87 @@ class TestSettings : public QObject
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
 
-    void accessIsConfinedToTheGroup()
+    void theStoreIsBelievedWhereItMakesSense_data()
     {
-        Settings first(Port);
-        Settings second(Units);
-        first.setValue("angle", 1);
-        QCOMPARE(second.value("angle", 5).toInt(), 5);
-        first.value("angle", 0);
-        first.setValue("torque", 2);
-        QCOMPARE(QSettings("Ostravel", "Zelvar Servo Manager").allKeys(),
-                 (QStringList{"port settings/angle", "port settings/torque"}));
+        QTest::addColumn<QVariant>("baudRate");
+        QTest::addColumn<QVariant>("unit");
+        QTest::addColumn<int>("baudRateShown");
+        QTest::addColumn<QString>("units");
+        QTest::newRow("nothing") << QVariant() << QVariant() << 1000000 << "000000000";
+        QTest::newRow("of the list") << QVariant(57600) << QVariant(0) << 57600 << "000000000";
+        QTest::newRow("the user's own") << QVariant(123456) << QVariant(1) << 123456 << "110101101";
+        QTest::newRow("too high") << QVariant(4000001) << QVariant(7) << 1000000 << "000000000";
+        QTest::newRow("negative") << QVariant(-9600) << QVariant(-1) << 1000000 << "000000000";
+        QTest::newRow("text") << QVariant("fast") << QVariant("rpm") << 1000000 << "000000000";
     }
 
-    void storesOfOneGroupSeeEachOther()
+    void theStoreIsBelievedWhereItMakesSense()
     {
-        Settings reader(Port);
-        QCOMPARE(reader.value("serialPortName", "none").toString(), QString("none"));
-        Settings(Port).setValue("serialPortName", "two");
-        QCOMPARE(reader.value("serialPortName", "none").toString(), QString("two"));
-    }
-
-    void numbersAreBelievedInTheirRangeOnly_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<int>("number");
-        QTest::newRow("nothing") << QVariant() << 500;
-        QTest::newRow("lowest") << QVariant(10) << 10;
-        QTest::newRow("highest") << QVariant("5000") << 5000;
-        QTest::newRow("text") << QVariant("soon") << 500;
-        QTest::newRow("empty text") << QVariant("") << 500;
-        QTest::newRow("list") << QVariant(QStringList{"20", "30"}) << 500;
-        QTest::newRow("negative") << QVariant(-5) << 500;
-        QTest::newRow("below") << QVariant(9) << 500;
-        QTest::newRow("above") << QVariant(5001) << 500;
-        QTest::newRow("huge") << QVariant(1000000000) << 500;
-        QTest::newRow("beyond 32 bits") << QVariant("4294967316") << 500;
+        QFETCH(QVariant, baudRate);
+        QFETCH(QVariant, unit);
+        QFETCH(int, baudRateShown);
+        QFETCH(QString, units);
+        QSettings store("Ostravel", "Zelvar Servo Manager");
+        if (baudRate.isValid())
+            store.setValue("port settings/baudRate", baudRate);
+        for (const auto &[key, field] : UnitFields) {
+            if (unit.isValid())
+                store.setValue(QString("units settings/") + key, unit);
+        }
+        const int keys = store.allKeys().size();
+        Fixture fixture;
+        QCOMPARE(store.allKeys().size(), keys); // showing the defaults stores nothing
+        QCOMPARE(fixture.dialog->portSettings().portName, QString("one"));
+        QCOMPARE(fixture.dialog->portSettings().baudRate, baudRateShown);
+        QCOMPARE(fixture.baudRates()->currentText(), QString::number(baudRateShown));
+        QCOMPARE(digits(fixture.dialog->units()), units);
+        QCOMPARE(fixture.radio("degreesRadioButton")->isChecked(), units[1] == '1');
+        QCOMPARE(fixture.radio("ampsRadioButton")->isChecked(), units[5] == '0');
     }
 
     void numbersAreBelievedInTheirRangeOnly()
     {
-        QFETCH(QVariant, stored);
         Settings settings("main window settings");
-        if (stored.isValid())
-            settings.setValue("pollingInterval", stored);
-        QTEST(settings.boundedInt("pollingInterval", 500, 10, 5000), "number");
+        QCOMPARE(settings.boundedInt("pollingInterval", 500, 10, 5000), 500);
+        for (const QVariant &good : {QVariant(10), QVariant("5000")}) {
+            settings.setValue("pollingInterval", good);
+            QCOMPARE(settings.boundedInt("pollingInterval", 500, 10, 5000), good.toInt());
+        }
+        for (const QVariant &bad : {QVariant("soon"), QVariant(9), QVariant(5001), QVariant("4294967316")}) {
+            settings.setValue("pollingInterval", bad);
+            QCOMPARE(settings.boundedInt("pollingInterval", 500, 10, 5000), 500);
+        }
     }
 
-    void anEmptyStoreGivesTheDefaultsAndStaysEmpty()
+    void onlyApplyTakesOverAndPersists()
     {
-        Fixture fixture;
-        const PortSettings port = fixture.dialog->portSettings();
-        QCOMPARE(port.baudRate, 1000000);
-        QCOMPARE(port.portName, QString("one"));
-        QCOMPARE(QStringList({port.dataBitsText, port.parityText, port.stopBitsText}),
-                 QStringList({"8", "None", "1"}));
-        QCOMPARE(QList<int>({port.dataBits, port.parity, port.stopBits}), QList<int>({8, 0, 1}));
-        QCOMPARE(digits(fixture.dialog->units()), QString("000000000"));
-        QVERIFY(QSettings("Ostravel", "Zelvar Servo Manager").allKeys().isEmpty());
-    }
-
-    void theStoredBaudRateIsShownAndKept_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<int>("baudRate");
-        QTest::newRow("of the list") << QVariant(57600) << 57600;
-        QTest::newRow("the user's own") << QVariant(123456) << 123456;
-        QTest::newRow("highest") << QVariant(4000000) << 4000000;
-        QTest::newRow("too high") << QVariant(4000001) << 1000000;
-        QTest::newRow("zero") << QVariant(0) << 1000000;
-        QTest::newRow("negative") << QVariant(-9600) << 1000000;
-        QTest::newRow("text") << QVariant("fast") << 1000000;
-    }
-
-    void theStoredBaudRateIsShownAndKept()
-    {
-        QFETCH(QVariant, stored);
-        QFETCH(int, baudRate);
-        Settings(Port).setValue("baudRate", stored);
-        Fixture fixture;
-        QCOMPARE(fixture.dialog->portSettings().baudRate, baudRate);
-        QCOMPARE(fixture.baudRates()->currentText(), QString::number(baudRate));
-        QVERIFY(!fixture.baudRates()->isEditable());
-        fixture.click("okButton");
-        QCOMPARE(Settings(Port).value("baudRate", 0).toInt(), baudRate);
-    }
-
-    void theStoredUnitsAreBelievedOnlyWhereThereIsAUnit_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<QString>("units");
-        QTest::addColumn<bool>("code1");
-        QTest::addColumn<bool>("singleButton");
-        QTest::newRow("0") << QVariant(0) << "000000000" << false << true;
-        QTest::newRow("1") << QVariant(1) << "110101101" << true << false;
-        QTest::newRow("7") << QVariant(7) << "000000000" << false << false;
-        QTest::newRow("negative") << QVariant(-1) << "000000000" << false << false;
-        QTest::newRow("text") << QVariant("rpm") << "000000000" << false << true;
-    }
-
-    void theStoredUnitsAreBelievedOnlyWhereThereIsAUnit()
-    {
-        QFETCH(QVariant, stored);
-        QFETCH(bool, code1);
-        QFETCH(bool, singleButton);
-        Settings store(Units);
-        for (const auto &[key, field] : UnitFields)
-            store.setValue(key, stored);
-        Fixture fixture;
-        QTEST(digits(fixture.dialog->units()), "units");
-        for (const char *name : {"revsPerMinute", "degrees", "kgCentimetres", "milliAmps", "fahrenheit", "decimal"})
-            QCOMPARE(fixture.radio(QString(name) + "RadioButton")->isChecked(), code1);
-        for (const char *name : {"radsPerSecond", "radians", "newtonMeters", "amps", "centigrade", "hex"})
-            QCOMPARE(fixture.radio(QString(name) + "RadioButton")->isChecked(), !code1);
-        for (const char *name : {"radsPerSecondSquared", "voltage"})
-            QCOMPARE(fixture.radio(QString(name) + "RadioButton")->isChecked(), singleButton);
-    }
-
-    void theStoredPortIsChosenWhenPresent_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("chosen");
-        QTest::newRow("none") << "" << "one";
-        QTest::newRow("present") << "two" << "two";
-        QTest::newRow("absent") << "three" << "one";
-    }
-
-    void theStoredPortIsChosenWhenPresent()
-    {
-        QFETCH(QString, stored);
-        Settings(Port).setValue("serialPortName", stored);
-        Fixture fixture;
-        QTEST(fixture.dialog->portSettings().portName, "chosen");
-        QTEST(fixture.ports()->currentText(), "chosen");
-    }
-
-    void portDetailsAreShown()
-    {
-        Fixture fixture;
-        fixture.port->ports.push_back(
-            std::make_shared<SerialPortItem>("usb", "Adapter", "Maker", "/dev/usb", 0x0403, 0xFD01));
-        fixture.dialog->show();
-        const auto details = [&fixture] {
-            QStringList texts;
-            for (const char *name : {"descriptionLabel", "manufacturerLabel", "locationLabel", "vidLabel", "pidLabel"})
-                texts.append(fixture.label(name));
-            return texts;
-        };
-        QCOMPARE(details(), (QStringList{"Description: N/A", "Manufacturer: N/A", "Location: /dev/one",
-                                         "Vendor Identifier: N/A", "Product Identifier: N/A"}));
-        fixture.ports()->setCurrentText("usb");
-        const QStringList usb{"Description: Adapter", "Manufacturer: Maker", "Location: /dev/usb",
-                              "Vendor Identifier: 403", "Product Identifier: fd01"};
-        QCOMPARE(details(), usb);
-        fixture.dialog->showPortInfo(-1);
-        QCOMPARE(details(), usb);
-    }
-
-    void showingRefreshesThePorts()
-    {
-        Settings(Port).setValue("serialPortName", "two");
-        Fixture fixture;
-        fixture.ports()->setCurrentText("one");
-        fixture.port->ports.insert(fixture.port->ports.begin(), plainPort("new"));
-        fixture.dialog->show();
-        QCOMPARE(fixture.ports()->count(), 3);
-        QCOMPARE(fixture.ports()->currentText(), QString("one"));
-
-        fixture.port->ports.clear();
-        fixture.dialog->show();
-        QCOMPARE(fixture.ports()->count(), 0);
-        QVERIFY(!fixture.label("locationLabel").contains("one"));
-        QCOMPARE(fixture.dialog->portSettings().portName, QString("two")); // nothing was applied
-
-        fixture.port->ports = {plainPort("one"), plainPort("two")};
-        fixture.dialog->show();
-        QCOMPARE(fixture.ports()->currentText(), QString("two"));
-        QCOMPARE(fixture.label("locationLabel"), QString("Location: /dev/two"));
-    }
-
-    void applyTakesOverAndPersists()
-    {
-        {
+        for (const char *button : {"cancelButton", "okButton"}) {
+            const bool isApplied = button == QByteArray("okButton");
             Fixture fixture;
             fixture.dialog->show();
             fixture.ports()->setCurrentText("two");
             fixture.baudRates()->setCurrentText("57600");
             fixture.radio("degreesRadioButton")->click();
-            fixture.radio("decimalRadioButton")->click();
-            QCOMPARE(fixture.dialog->portSettings().portName, QString("one"));
             QCOMPARE(digits(fixture.dialog->units()), QString("000000000"));
-            fixture.click("okButton");
+            fixture.click(button);
             QVERIFY(!fixture.dialog->isVisible());
-            QCOMPARE(fixture.dialog->portSettings().portName, QString("two"));
-            QCOMPARE(digits(fixture.dialog->units()), QString("010000001"));
+            QCOMPARE(fixture.dialog->portSettings().portName, QString(isApplied ? "two" : "one"));
+            QCOMPARE(digits(fixture.dialog->units()), QString(isApplied ? "010000000" : "000000000"));
+            fixture.dialog->show();
+            QCOMPARE(fixture.radio("degreesRadioButton")->isChecked(), isApplied);
         }
         QStringList expected{"port settings/baudRate", "port settings/serialPortName"};
         for (const auto &[key, field] : UnitFields)
             expected.append(QString("units settings/") + key);
         expected.removeOne("units settings/returnDelay");
+        expected.sort();
         QStringList keys = QSettings("Ostravel", "Zelvar Servo Manager").allKeys();
         keys.sort();
-        expected.sort();
         QCOMPARE(keys, expected);
-
         Fixture again;
         QCOMPARE(again.dialog->portSettings().portName, QString("two"));
         QCOMPARE(again.dialog->portSettings().baudRate, 57600);
-        QCOMPARE(digits(again.dialog->units()), QString("010000001"));
-        QVERIFY(again.radio("degreesRadioButton")->isChecked());
-    }
-
-    void cancelLeavesTheRecordsAndShowResetsTheUnits()
-    {
-        Fixture fixture;
-        fixture.dialog->show();
-        fixture.baudRates()->setCurrentText("9600");
-        fixture.radio("revsPerMinuteRadioButton")->click();
-        fixture.dialog->findChild<QTabWidget *>("settingsTabWidget")->setCurrentIndex(1);
-        fixture.click("cancelButton");
-        QVERIFY(!fixture.dialog->isVisible());
-        QCOMPARE(fixture.dialog->portSettings().baudRate, 1000000);
-        QCOMPARE(digits(fixture.dialog->units()), QString("000000000"));
-        QVERIFY(QSettings("Ostravel", "Zelvar Servo Manager").allKeys().isEmpty());
-
-        fixture.dialog->show();
-        QVERIFY(fixture.radio("radsPerSecondRadioButton")->isChecked());
-        QCOMPARE(fixture.baudRates()->currentText(), QString("9600"));
-        QCOMPARE(fixture.dialog->findChild<QTabWidget *>("settingsTabWidget")->currentIndex(), 0);
-    }
-
-    void aBaudRateFromTheSearchIsPersistedAtOnce()
-    {
-        Fixture fixture;
-        for (int baudRate : {57600, 31250}) {
-            fixture.dialog->on_updateBaudRate(baudRate);
-            QCOMPARE(Settings(Port).value("baudRate", 0).toInt(), baudRate);
-            QCOMPARE(fixture.dialog->portSettings().baudRate, baudRate);
-            QCOMPARE(fixture.baudRates()->currentText(), QString::number(baudRate));
-        }
-        QCOMPARE(QSettings("Ostravel", "Zelvar Servo Manager").allKeys(), QStringList{"port settings/baudRate"});
-    }
-
-    void anEntryWithoutDataLetsABaudRateBeTyped()
-    {
-        Fixture fixture;
-        fixture.baudRates()->addItem("Custom");
-        fixture.baudRates()->setCurrentText("Custom");
-        QVERIFY(fixture.baudRates()->isEditable());
-        QCOMPARE(fixture.baudRates()->currentText(), QString());
-        QTest::keyClicks(fixture.baudRates()->lineEdit(), "25x0000");
-        fixture.click("okButton");
-        QCOMPARE(fixture.dialog->portSettings().baudRate, 250000);
-        QCOMPARE(fixture.baudRates()->count(), 12); // typing adds no entry
-        fixture.baudRates()->setCurrentIndex(0);
-        QVERIFY(!fixture.baudRates()->isEditable());
-    }
-
-    void theInstanceIsTheLivingDialog()
-    {
-        QVERIFY(!SettingsDialog::instance());
-        {
-            Fixture fixture;
-            QCOMPARE(SettingsDialog::instance(), fixture.dialog.get());
-            QVERIFY(fixture.dialog->isModal());
-        }
-        QVERIFY(!SettingsDialog::instance());
+        QCOMPARE(digits(again.dialog->units()), QString("010000000"));
     }
 };
 

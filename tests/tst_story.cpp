@@ -225,7 +225,8 @@ private Q_SLOTS:
         desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
         desk.click("nvParamsEditSaveToolButton");
         QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
-        desk.trigger("actionDisconnect");
+        desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
+        desk.window->show();
         desk.trigger("actionConnect");
         QTRY_COMPARE(desk.status(), QString("Connected"));
         QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 9);

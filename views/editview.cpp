@@ -30,11 +30,20 @@ void registerFields(const QObject &parent)
     }
 }
 
+// No heading is too narrow for its text, in whatever language, although the form limits the width of some.
+void makeRoomForHeadings(const QWidget &view)
+{
+    const auto labels = view.findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        label->setMaximumWidth(qMax(label->maximumWidth(), label->sizeHint().width()));
+}
+
 } // namespace
 
 EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::EditView>())
 {
     m_ui->setupUi(this);
+    makeRoomForHeadings(*this);
     // The last entry of each list stands for "not known yet".
     const auto lists = findChildren<QComboBox *>();
     for (auto *list : lists)

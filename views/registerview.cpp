@@ -53,6 +53,7 @@ RegisterView::RegisterView(QWidget *parent)
     m_tables = {m_ui->eepromRegisterBank1Widget, m_ui->eepromRegisterBank2Widget, m_ui->ramRegisterBank1TableWidget,
                 m_ui->ramRegisterBank2TableWidget};
     styleTables();
+    nameTables();
 }
 
 RegisterView::~RegisterView()
@@ -133,6 +134,16 @@ void RegisterView::styleTables()
         table->setTextElideMode(Qt::ElideMiddle);
         table->setStyleSheet(TableStyle);
     }
+}
+
+// By the titles above them, which no layout brings together with the tables.
+void RegisterView::nameTables()
+{
+    const std::array<const QLabel *, BankCount> titles{
+        m_ui->nonVolatileRegisterBank1TitleLabel, m_ui->nonVolatileRegisterBank2TitleLabel,
+        m_ui->volatileRegisterBank1TitleLabel, m_ui->volatileRegisterBank2TitleLabel};
+    for (std::size_t bank = 0; bank < BankCount; ++bank)
+        m_tables[bank]->setAccessibleName(titles[bank]->text());
 }
 
 void RegisterView::clearRows()

@@ -68,6 +68,7 @@ private:
     };
 
     void styleTables();
+    void nameTables();
     void clearRows();
     void write(quint16 address, Row &row);
     void setCell(const RegisterDescription &description, int column, const QString &text);

@@ -3,8 +3,12 @@
 #include "device/devicehelper.h"
 #include "device/rawscale.h"
 #include "device/unitshelper.h"
+#include "widgets/fieldtooltip.h"
 #include "widgets/followeddevice.h"
 #include "widgets/zelvarparametersgroupbox.h"
+
+#include <QLocale>
+#include <QWidget>
 
 #include <cmath>
 
@@ -12,6 +16,9 @@ namespace {
 
 // Ids up to this one are the quantities of the unit table; the others have no unit.
 constexpr qint32 LastQuantityId = 7;
+// Ids up to this one are numbers with a range, but for the one that no field has.
+constexpr qint32 LastNumberId = 16;
+constexpr qint32 UnusedId = 12;
 constexpr int MaxDecimals = 9;
 // Far below one raw count, far above the rounding of double arithmetic.
 constexpr double Noise = 1e-6;
@@ -86,6 +93,7 @@ void BoundField::forgetDevice()
     m_limits.reset();
     m_shownRaw.reset();
     m_valueReceived = false;
+    m_widget.setToolTip(QString());
 }
 
 void BoundField::takeDevice()
@@ -101,6 +109,7 @@ void BoundField::takeDevice()
             m_limits = device->limits(objectName());
             adaptToDevice();
         }
+        m_widget.setToolTip(toolTipText(*device));
     }
     refreshBlank();
 }
@@ -191,6 +200,32 @@ void BoundField::setFieldId(qint32 id)
 bool BoundField::hasUnit() const
 {
     return m_fieldId >= 0 && m_fieldId <= LastQuantityId;
+}
+
+bool BoundField::isNumber() const
+{
+    return m_fieldId >= 0 && m_fieldId <= LastNumberId && m_fieldId != UnusedId;
+}
+
+BoundField::Range BoundField::shownRange() const
+{
+    return {m_units->toDisplay(m_limits->physicalMin, m_fieldId),
+            m_units->toDisplay(m_limits->physicalMax, m_fieldId)};
+}
+
+QString BoundField::toolTipText(const IDevice &device) const
+{
+    const QString registers = FieldToolTip::registerText(device, objectName());
+    if (registers.isEmpty() || !m_limits || !isNumber())
+        return registers;
+    // As it may be typed: without the separators that the controls refuse.
+    QLocale locale = m_widget.locale();
+    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    const auto text = [&](double number) { return locale.toString(number, 'f', shownDecimals()); };
+    const Range range = shownRange();
+    const QString unit = hasUnit() ? m_units->unitName(m_fieldId) : QString();
+    return registers + QLatin1Char('\n') +
+           FieldToolTip::rangeText(text(range.minimum), text(range.maximum), unit);
 }
 
 int BoundField::shownDecimals() const

@@ -45,6 +45,13 @@ public:
     void applyDependency() override;
 
 protected:
+    /** Ends of a range in the display unit. */
+    struct Range
+    {
+        double minimum;
+        double maximum;
+    };
+
     /** @param widget the whole of which this is a part; its parent decides which group it is edited with. */
     explicit BoundField(QWidget &widget);
 
@@ -80,6 +87,10 @@ protected:
 
     /** Whether the field is a quantity of the unit table. */
     bool hasUnit() const;
+    /** Whether the field is a number, which is what has a range worth telling; the others are choices and codes. */
+    bool isNumber() const;
+    /** What the field can hold, as the widget shows it. REQUIRES: limits(). */
+    virtual Range shownRange() const;
     /** Decimals to show: those of the unit, or as many as one raw step needs. REQUIRES: limits(). */
     int shownDecimals() const;
     /** @p raw in the display unit. REQUIRES: limits(). */
@@ -105,6 +116,7 @@ private:
     bool isGroupEdited() const;
     void markDirty(bool dirty);
     void forgetDevice();
+    QString toolTipText(const IDevice &device) const;
 
     QWidget &m_widget;
     const ZelvarParametersGroupBox *m_parentGroup;

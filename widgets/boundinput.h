@@ -2,6 +2,7 @@
 
 #include "device/fieldhelper.h"
 #include "widgets/boundfield.h"
+#include "widgets/ground.h"
 
 #include <QWheelEvent>
 
@@ -34,6 +35,7 @@ protected:
         // A turn of the wheel that scrolls the view must not take the focus either.
         if (this->focusPolicy() == Qt::WheelFocus)
             this->setFocusPolicy(Qt::StrongFocus);
+        ground::own(*this);
     }
 
     virtual Shown shown() const = 0;
@@ -53,6 +55,12 @@ protected:
     {
         if (!showsStored())
             display(m_stored);
+    }
+
+    void paintEvent(QPaintEvent *event) override
+    {
+        ground::paint(*this, *event);
+        QtBase::paintEvent(event);
     }
 
     void wheelEvent(QWheelEvent *event) override

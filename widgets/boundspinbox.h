@@ -24,6 +24,8 @@ protected:
     void display(const Number &number) override { QtBase::setValue(number); }
     bool isEdited() const override { return this->hasAcceptableInput() && !this->showsStored(); }
 
+    BoundField::Range shownRange() const override { return {double(QtBase::minimum()), double(QtBase::maximum())}; }
+
     void finishTyping() override
     {
         QtBase::setValue(this->hasAcceptableInput() ? QtBase::value() : this->stored());
@@ -55,7 +57,7 @@ protected:
     // Qt puts the text back at occasions of its own, among them each time the control is shown.
     void paintEvent(QPaintEvent *event) override
     {
-        QtBase::paintEvent(event);
+        BoundInput<QtBase, Number>::paintEvent(event);
         if (this->isBlank())
             refreshBlank();
     }

@@ -1,5 +1,7 @@
 #include "widgets/fittedlabel.h"
 
+#include "widgets/ground.h"
+
 #include <QFontMetrics>
 #include <QResizeEvent>
 
@@ -12,7 +14,10 @@ constexpr int StretchStep = 4;
 
 } // namespace
 
-FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent) {}
+FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent)
+{
+    ground::own(*this);
+}
 
 void FittedLabel::setText(const QString &text)
 {
@@ -34,6 +39,12 @@ void FittedLabel::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
     fit();
+}
+
+void FittedLabel::paintEvent(QPaintEvent *event)
+{
+    ground::paint(*this, *event);
+    QLabel::paintEvent(event);
 }
 
 QFont FittedLabel::stretchedFont(int percent) const

@@ -85,9 +85,10 @@ void ZelvarComboBox::adaptToLink()
 void ZelvarComboBox::paintEvent(QPaintEvent *event)
 {
     if (!isBlank()) {
-        QComboBox::paintEvent(event);
+        BoundInput::paintEvent(event);
         return;
     }
+    ground::paint(*this, *event);
     QStyleOptionComboBox option;
     initStyleOption(&option);
     option.currentText.clear();

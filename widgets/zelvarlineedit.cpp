@@ -6,15 +6,7 @@
 
 namespace {
 
-constexpr qint32 LastNumberId = 16;
-// No field has it.
-constexpr qint32 UnusedId = 12;
 constexpr qint32 ModelNumberId = 17;
-
-bool isNumber(qint32 fieldId)
-{
-    return fieldId >= 0 && fieldId <= LastNumberId && fieldId != UnusedId;
-}
 
 } // namespace
 
@@ -53,7 +45,7 @@ void ZelvarLineEdit::display(const QString &text)
 
 QString ZelvarLineEdit::fromRaw(int raw) const
 {
-    if (isNumber(fieldId()))
+    if (isNumber())
         return locale().toString(toShown(RawScale(*limits()), raw), 'f', shownDecimals());
     if (fieldId() == ModelNumberId)
         return QStringLiteral("%1%2%3").arg(raw / 256).arg(locale().decimalPoint()).arg(raw % 256);

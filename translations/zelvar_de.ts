@@ -1,0 +1,1221 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>EditView</name>
+    <message>
+        <source>Realtime information</source>
+        <translation>Echtzeitwerte</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Angular velocity</source>
+        <translation>Winkelgeschw.</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>Spannung</translation>
+    </message>
+    <message>
+        <source>Phase current (Iq)</source>
+        <translation>Phasenstrom (Iq)</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Is moving:</source>
+        <translation>In Bewegung:</translation>
+    </message>
+    <message>
+        <source>Version information</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Model number:</source>
+        <translation>Modellnummer:</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>Firmwareversion:</translation>
+    </message>
+    <message>
+        <source>Hardware error status</source>
+        <translation>Hardwarefehler</translation>
+    </message>
+    <message>
+        <source>Overload error</source>
+        <translation>Überlast</translation>
+    </message>
+    <message>
+        <source>Overheating error</source>
+        <translation>Überhitzung</translation>
+    </message>
+    <message>
+        <source>Angle limit error</source>
+        <translation>Winkelgrenze</translation>
+    </message>
+    <message>
+        <source>Input voltage error</source>
+        <translation>Eingangsspannung</translation>
+    </message>
+    <message>
+        <source>Encoder error</source>
+        <translation>Drehgeber</translation>
+    </message>
+    <message>
+        <source>Hall sensor error</source>
+        <translation>Hallsensor</translation>
+    </message>
+    <message>
+        <source>Status packet information</source>
+        <translation>Statuspaket</translation>
+    </message>
+    <message>
+        <source>Process failure</source>
+        <translation>Verarbeitungsfehler</translation>
+    </message>
+    <message>
+        <source>Instruction error</source>
+        <translation>Befehlsfehler</translation>
+    </message>
+    <message>
+        <source>Checksum error</source>
+        <translation>Prüfsummenfehler</translation>
+    </message>
+    <message>
+        <source>Data range error</source>
+        <translation>Datenbereichsfehler</translation>
+    </message>
+    <message>
+        <source>Data length error</source>
+        <translation>Datenlängenfehler</translation>
+    </message>
+    <message>
+        <source>Data limit error</source>
+        <translation>Grenzwertfehler</translation>
+    </message>
+    <message>
+        <source>Access error</source>
+        <translation>Zugriffsfehler</translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation>Alarm</translation>
+    </message>
+    <message>
+        <source>Parameters (non-volatile)</source>
+        <translation>Parameter (nichtflüchtig)</translation>
+    </message>
+    <message>
+        <source>Baud rate:</source>
+        <translation>Baudrate:</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Acknowledge response time</source>
+        <translation>Antwortverzögerung</translation>
+    </message>
+    <message>
+        <source>Operating mode:</source>
+        <translation>Betriebsart:</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>Rad</translation>
+    </message>
+    <message>
+        <source>Joint</source>
+        <translation>Gelenk</translation>
+    </message>
+    <message>
+        <source>Multi-turn</source>
+        <translation>Multiturn</translation>
+    </message>
+    <message>
+        <source>Stepper</source>
+        <translation>Schrittmotor</translation>
+    </message>
+    <message>
+        <source>Input mode:</source>
+        <translation>Eingabeart:</translation>
+    </message>
+    <message>
+        <source>Trajectory</source>
+        <translation>Trajektorie</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzwerte</translation>
+    </message>
+    <message>
+        <source>Clockwise angle limit</source>
+        <translation>Winkelgrenze rechts</translation>
+    </message>
+    <message>
+        <source>Counter-clockwise angle limit</source>
+        <translation>Winkelgrenze links</translation>
+    </message>
+    <message>
+        <source>Temperature limit</source>
+        <translation>Temperaturgrenze</translation>
+    </message>
+    <message>
+        <source>Minimum voltage</source>
+        <translation>Mindestspannung</translation>
+    </message>
+    <message>
+        <source>Maximum voltage</source>
+        <translation>Höchstspannung</translation>
+    </message>
+    <message>
+        <source>Phase current (Iq) limit:</source>
+        <translation>Phasenstromgrenze (Iq)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit</source>
+        <translation>Max. Winkelgeschw.</translation>
+    </message>
+    <message>
+        <source>Acceleration limit</source>
+        <translation>Max. Beschleunigung</translation>
+    </message>
+    <message>
+        <source>Adjustments</source>
+        <translation>Anpassungen</translation>
+    </message>
+    <message>
+        <source>Home position offset</source>
+        <translation>Nullpunktversatz</translation>
+    </message>
+    <message>
+        <source>Moving threshold</source>
+        <translation>Bewegungsschwelle</translation>
+    </message>
+    <message>
+        <source>Default control parameters</source>
+        <translation>Vorgaben der Regelung</translation>
+    </message>
+    <message>
+        <source>Position proportional term:</source>
+        <translation>P-Anteil Position:</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward term:</source>
+        <translation>Vorsteuerung Geschw.:</translation>
+    </message>
+    <message>
+        <source>Velocity proportional term:</source>
+        <translation>P-Anteil Geschw.:</translation>
+    </message>
+    <message>
+        <source>Velocity integral term:</source>
+        <translation>I-Anteil Geschw.:</translation>
+    </message>
+    <message>
+        <source>Current feedforward term:</source>
+        <translation>Vorsteuerung Strom:</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile:</source>
+        <translation>Geschwindigkeitsprofil</translation>
+    </message>
+    <message>
+        <source>Acceleration profile:</source>
+        <translation>Beschleunigungsprofil</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Parameters (volatile)</source>
+        <translation>Parameter (flüchtig)</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>Zielposition</translation>
+    </message>
+    <message>
+        <source>Proportional term:</source>
+        <translation>P-Anteil:</translation>
+    </message>
+    <message>
+        <source>Target velocity</source>
+        <translation>Zielgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Drehrichtung:</translation>
+    </message>
+    <message>
+        <source>Counter-clockwise</source>
+        <translation>Linkslauf</translation>
+    </message>
+    <message>
+        <source>Clockwise</source>
+        <translation>Rechtslauf</translation>
+    </message>
+    <message>
+        <source>Integral term:</source>
+        <translation>I-Anteil:</translation>
+    </message>
+    <message>
+        <source>Target torque</source>
+        <translation>Zieldrehmoment</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Enable motor</source>
+        <translation>Motor einschalten</translation>
+    </message>
+    <message>
+        <source>Pending shadow instruction:</source>
+        <translation>Befehl vorgemerkt:</translation>
+    </message>
+    <message>
+        <source>Unit fields</source>
+        <translation>Physikalische Größen</translation>
+    </message>
+    <message>
+        <source>What the servo is doing now, read from it again at each polling interval. The values are shown in the units chosen in the settings; nothing here can be edited.</source>
+        <translation>Was der Servo gerade tut, in jedem Abfrageintervall neu aus ihm gelesen. Die Werte stehen in den Einheiten, die in den Einstellungen gewählt sind; bearbeiten lässt sich hier nichts.</translation>
+    </message>
+    <message>
+        <source>Which servo is connected: its model number and the version of the firmware that it runs.</source>
+        <translation>Welcher Servo verbunden ist: seine Modellnummer und die Version seiner Firmware.</translation>
+    </message>
+    <message>
+        <source>Faults that the servo has found in itself. A box is checked for as long as the servo reports the fault.</source>
+        <translation>Fehler, die der Servo an sich selbst festgestellt hat. Ein Kästchen ist angekreuzt, solange der Servo den Fehler meldet.</translation>
+    </message>
+    <message>
+        <source>What the servo says with each of its answers. A box turns red when the servo did not understand what it was told, or could not carry it out.</source>
+        <translation>Was der Servo mit jeder seiner Antworten mitteilt. Ein Kästchen wird rot, wenn der Servo einen Befehl nicht verstanden hat oder nicht ausführen konnte.</translation>
+    </message>
+    <message>
+        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
+        <translation>Einstellungen, die der Servo auch ohne Strom behält. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ alle in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bearbeiten lassen sie sich nur, solange der Motor ausgeschaltet ist. Eine neue ID oder Baudrate gilt sofort: Um den Servo zu erreichen, die Verbindung trennen und neu herstellen.</translation>
+    </message>
+    <message>
+        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
+        <translation>Ziele und Regelparameter, denen der Servo folgt, bis er ausgeschaltet wird; danach beginnt er wieder mit seinen Vorgaben. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ alle in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bei eingeschaltetem Motor bewegt sich der Servo, sobald sie angewendet sind.</translation>
+    </message>
+    <message>
+        <source>Proportional term of the position</source>
+        <translation>P-Anteil der Position</translation>
+    </message>
+    <message>
+        <source>Direction of the velocity</source>
+        <translation>Richtung der Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Proportional term of the velocity</source>
+        <translation>P-Anteil der Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Direction of the torque</source>
+        <translation>Richtung des Drehmoments</translation>
+    </message>
+</context>
+<context>
+    <name>FieldToolTip</name>
+    <message>
+        <source>Register %1, bit %2: %3</source>
+        <translation>Register %1, Bit %2: %3</translation>
+    </message>
+    <message>
+        <source>Register %1: %2</source>
+        <translation>Register %1: %2</translation>
+    </message>
+    <message>
+        <source>Range: %1 to %2</source>
+        <translation>Bereich: %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Range: %1 to %2 %3</source>
+        <translation>Bereich: %1 bis %2 %3</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Zelvar Servo Manager</source>
+        <translation>Zelvar Servo Manager</translation>
+    </message>
+    <message>
+        <source>Unit fields</source>
+        <translation>Physikalische Größen</translation>
+    </message>
+    <message>
+        <source>Register fields</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Connections</source>
+        <translation>Verbindungen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>toolBar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>C&amp;onnect</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Shift+S</source>
+        <translation>Shift+S</translation>
+    </message>
+    <message>
+        <source>&amp;Reboot</source>
+        <translation>&amp;Neu starten</translation>
+    </message>
+    <message>
+        <source>Reboot</source>
+        <translation>Neu starten</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Factory reset</source>
+        <translation>Auf Werkseinstellungen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>Error occurred during reboot operation</source>
+        <translation>Der Neustart ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Error during reboot of Zelvar servo id:%1</source>
+        <translation>Fehler beim Neustart des Zelvar-Servos mit der ID %1</translation>
+    </message>
+    <message>
+        <source>Zelvar servo id:%1 was rebooted successfully</source>
+        <translation>Der Zelvar-Servo mit der ID %1 wurde neu gestartet</translation>
+    </message>
+    <message>
+        <source>Error occurred during factory reset operation</source>
+        <translation>Das Zurücksetzen auf Werkseinstellungen ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Error during factory reset of Zelvar servo id:%1</source>
+        <translation>Fehler beim Zurücksetzen des Zelvar-Servos mit der ID %1 auf Werkseinstellungen</translation>
+    </message>
+    <message>
+        <source>Factory reset of Zelvar servo id:%1 was successful</source>
+        <translation>Der Zelvar-Servo mit der ID %1 wurde auf Werkseinstellungen zurückgesetzt</translation>
+    </message>
+    <message>
+        <source>Polling interval (ms): </source>
+        <translation>Abfrageintervall (ms): </translation>
+    </message>
+    <message>
+        <source>Servo address: </source>
+        <translation>Servoadresse: </translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>No answer from servo %1</source>
+        <translation>Keine Antwort von Servo %1</translation>
+    </message>
+    <message>
+        <source>The servo now listens at address %1 and %2 baud: disconnect and connect again</source>
+        <translation>Der Servo hört jetzt auf Adresse %1 mit %2 Baud: Verbindung trennen und neu herstellen</translation>
+    </message>
+    <message>
+        <source>Success</source>
+        <translation>Erfolg</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+</context>
+<context>
+    <name>PortErrors</name>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings.</source>
+        <translation>Es ist keine serielle Schnittstelle gewählt. In den Einstellungen eine wählen.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 refuses the baud rate %2. Choose another baud rate in the settings.</source>
+        <translation>Die serielle Schnittstelle %1 lehnt die Baudrate %2 ab. In den Einstellungen eine andere Baudrate wählen.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 was not found. Check that the adapter is plugged in, or choose another port in the settings.</source>
+        <translation>Die serielle Schnittstelle %1 wurde nicht gefunden. Prüfen, ob der Adapter eingesteckt ist, oder in den Einstellungen eine andere Schnittstelle wählen.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 is in use by another program. Close that program and connect again.</source>
+        <translation>Die serielle Schnittstelle %1 wird von einem anderen Programm benutzt. Dieses Programm schließen und erneut verbinden.</translation>
+    </message>
+    <message>
+        <source>You have no permission to use the serial port %1. Add your user to the group &quot;%2&quot; and log in again.</source>
+        <translation>Die Berechtigung für die serielle Schnittstelle %1 fehlt. Den eigenen Benutzer in die Gruppe „%2“ aufnehmen und neu anmelden.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 could not be opened: %2. Choose another port in the settings.</source>
+        <translation>Die serielle Schnittstelle %1 ließ sich nicht öffnen: %2. In den Einstellungen eine andere Schnittstelle wählen.</translation>
+    </message>
+    <message>
+        <source>The connection to the serial port %1 was lost. Check the adapter and its cable, then connect again.</source>
+        <translation>Die Verbindung zur seriellen Schnittstelle %1 ist abgebrochen. Adapter und Kabel prüfen, dann erneut verbinden.</translation>
+    </message>
+</context>
+<context>
+    <name>RegisterView</name>
+    <message>
+        <source>Non-volatile bank 1</source>
+        <translation>Nichtflüchtig, Bank 1</translation>
+    </message>
+    <message>
+        <source>Non-volatile bank 2</source>
+        <translation>Nichtflüchtig, Bank 2</translation>
+    </message>
+    <message>
+        <source>Volatile bank 1</source>
+        <translation>Flüchtig, Bank 1</translation>
+    </message>
+    <message>
+        <source>Volatile bank 2</source>
+        <translation>Flüchtig, Bank 2</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Register fields</source>
+        <translation>Register</translation>
+    </message>
+</context>
+<context>
+    <name>SearchDialog</name>
+    <message>
+        <source>Device search</source>
+        <translation>Gerätesuche</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Baud rate</source>
+        <translation>Baudrate</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Serial port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>ID search range</source>
+        <translation>ID-Suchbereich</translation>
+    </message>
+    <message>
+        <source>Lower:</source>
+        <translation>Von:</translation>
+    </message>
+    <message>
+        <source>Upper: </source>
+        <translation>Bis: </translation>
+    </message>
+    <message>
+        <source>Baud rates</source>
+        <translation>Baudraten</translation>
+    </message>
+    <message>
+        <source>Select/Unselect</source>
+        <translation>Alle/keine</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Wählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Verbindung</translation>
+    </message>
+    <message>
+        <source>Select Serial Port</source>
+        <translation>Serielle Schnittstelle</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message>
+        <source>Manufacturer:</source>
+        <translation>Hersteller:</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>Vendor ID:</source>
+        <translation>Hersteller-ID:</translation>
+    </message>
+    <message>
+        <source>Product ID:</source>
+        <translation>Produkt-ID:</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>BaudRate:</source>
+        <translation>Baudrate:</translation>
+    </message>
+    <message>
+        <source>Data bits:</source>
+        <translation>Datenbits:</translation>
+    </message>
+    <message>
+        <source>Parity:</source>
+        <translation>Parität:</translation>
+    </message>
+    <message>
+        <source>Stop bits:</source>
+        <translation>Stoppbits:</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>Angular velocity</source>
+        <translation>Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>rad/s</source>
+        <translation>rad/s</translation>
+    </message>
+    <message>
+        <source>rpm</source>
+        <translation>rpm</translation>
+    </message>
+    <message>
+        <source>Angular acceleration</source>
+        <translation>Winkelbeschleunigung</translation>
+    </message>
+    <message>
+        <source>rad/s2</source>
+        <translation>rad/s2</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Radians</source>
+        <translation>Radiant</translation>
+    </message>
+    <message>
+        <source>Degrees</source>
+        <translation>Grad</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>Nm</source>
+        <translation>Nm</translation>
+    </message>
+    <message>
+        <source>kg-cm</source>
+        <translation>kg-cm</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>Spannung</translation>
+    </message>
+    <message>
+        <source>Volts</source>
+        <translation>Volt</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>Amps</source>
+        <translation>Ampere</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>°C</source>
+        <translation>°C</translation>
+    </message>
+    <message>
+        <source>°F</source>
+        <translation>°F</translation>
+    </message>
+    <message>
+        <source>Servo data</source>
+        <translation>Servodaten</translation>
+    </message>
+    <message>
+        <source>Hex</source>
+        <translation>Hexadezimal</translation>
+    </message>
+    <message>
+        <source>Decimal</source>
+        <translation>Dezimal</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Even</source>
+        <translation>Gerade</translation>
+    </message>
+    <message>
+        <source>Odd</source>
+        <translation>Ungerade</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Mark</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+    <message>
+        <source>Description: %1</source>
+        <translation>Beschreibung: %1</translation>
+    </message>
+    <message>
+        <source>Manufacturer: %1</source>
+        <translation>Hersteller: %1</translation>
+    </message>
+    <message>
+        <source>Location: %1</source>
+        <translation>Ort: %1</translation>
+    </message>
+    <message>
+        <source>Vendor Identifier: %1</source>
+        <translation>Hersteller-ID: %1</translation>
+    </message>
+    <message>
+        <source>Product Identifier: %1</source>
+        <translation>Produkt-ID: %1</translation>
+    </message>
+</context>
+<context>
+    <name>UiGroupHelper</name>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>UnitsHelper</name>
+    <message>
+        <source>radians</source>
+        <translation>Radiant</translation>
+    </message>
+    <message>
+        <source>degrees</source>
+        <translation>Grad</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarSerialPortInterface</name>
+    <message>
+        <source>Simulated servo bus</source>
+        <translation>Simulierter Servobus</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarV1</name>
+    <message>
+        <source>Model number (lower)</source>
+        <translation>Modellnummer (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Model number (upper)</source>
+        <translation>Modellnummer (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>Firmwareversion</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Baud rate</source>
+        <translation>Baudrate</translation>
+    </message>
+    <message>
+        <source>Acknowledge response time</source>
+        <translation>Antwortverzögerung</translation>
+    </message>
+    <message>
+        <source>Operating mode</source>
+        <translation>Betriebsart</translation>
+    </message>
+    <message>
+        <source>CW angle limit (lower)</source>
+        <translation>Winkelgrenze rechts (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>CW angle limit (upper)</source>
+        <translation>Winkelgrenze rechts (High-Byte)</translation>
+    </message>
+    <message>
+        <source>CCW angle limit (lower)</source>
+        <translation>Winkelgrenze links (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>CCW angle limit (upper)</source>
+        <translation>Winkelgrenze links (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Upper temperature limit</source>
+        <translation>Obere Temperaturgrenze</translation>
+    </message>
+    <message>
+        <source>Lower input voltage limit</source>
+        <translation>Untere Grenze der Eingangsspannung</translation>
+    </message>
+    <message>
+        <source>Upper input voltage limit</source>
+        <translation>Obere Grenze der Eingangsspannung</translation>
+    </message>
+    <message>
+        <source>Torque limit (lower)</source>
+        <translation>Drehmomentgrenze (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Torque limit (upper)</source>
+        <translation>Drehmomentgrenze (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit (lower)</source>
+        <translation>Grenze der Winkelgeschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit (upper)</source>
+        <translation>Grenze der Winkelgeschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Acceleration limit (lower)</source>
+        <translation>Beschleunigungsgrenze (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Acceleration limit (upper)</source>
+        <translation>Beschleunigungsgrenze (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 0)</source>
+        <translation>Nullpunktversatz (Byte 0)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 1)</source>
+        <translation>Nullpunktversatz (Byte 1)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 2)</source>
+        <translation>Nullpunktversatz (Byte 2)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 3)</source>
+        <translation>Nullpunktversatz (Byte 3)</translation>
+    </message>
+    <message>
+        <source>Moving threshold (lower)</source>
+        <translation>Bewegungsschwelle (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Moving threshold (upper)</source>
+        <translation>Bewegungsschwelle (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Input mode</source>
+        <translation>Eingabeart</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain (lower)</source>
+        <translation>Vorgabe P-Verstärkung Position (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain (upper)</source>
+        <translation>Vorgabe P-Verstärkung Position (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain (lower)</source>
+        <translation>Vorgabe Vorsteuerung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain (upper)</source>
+        <translation>Vorgabe Vorsteuerung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain (lower)</source>
+        <translation>Vorgabe Vorsteuerung Strom (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain (upper)</source>
+        <translation>Vorgabe Vorsteuerung Strom (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain (lower)</source>
+        <translation>Vorgabe I-Verstärkung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain (upper)</source>
+        <translation>Vorgabe I-Verstärkung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain (lower)</source>
+        <translation>Vorgabe P-Verstärkung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain (upper)</source>
+        <translation>Vorgabe P-Verstärkung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile (lower)</source>
+        <translation>Vorgabe Profil der Winkelgeschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile (upper)</source>
+        <translation>Vorgabe Profil der Winkelgeschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile (lower)</source>
+        <translation>Vorgabe Beschleunigungsprofil (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile (upper)</source>
+        <translation>Vorgabe Beschleunigungsprofil (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Control enable</source>
+        <translation>Regelung eingeschaltet</translation>
+    </message>
+    <message>
+        <source>Pending shadow instruction</source>
+        <translation>Befehl vorgemerkt</translation>
+    </message>
+    <message>
+        <source>Position proportional gain (lower)</source>
+        <translation>P-Verstärkung Position (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Position proportional gain (upper)</source>
+        <translation>P-Verstärkung Position (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain (lower)</source>
+        <translation>Vorsteuerung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain (upper)</source>
+        <translation>Vorsteuerung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain (lower)</source>
+        <translation>Vorsteuerung Strom (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain (upper)</source>
+        <translation>Vorsteuerung Strom (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain (lower)</source>
+        <translation>I-Verstärkung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain (upper)</source>
+        <translation>I-Verstärkung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain (lower)</source>
+        <translation>P-Verstärkung Geschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain (upper)</source>
+        <translation>P-Verstärkung Geschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile (lower)</source>
+        <translation>Profil der Winkelgeschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile (upper)</source>
+        <translation>Profil der Winkelgeschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Acceleration profile (lower)</source>
+        <translation>Beschleunigungsprofil (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Acceleration profile (upper)</source>
+        <translation>Beschleunigungsprofil (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 0)</source>
+        <translation>Zielposition (Byte 0)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 1)</source>
+        <translation>Zielposition (Byte 1)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 2)</source>
+        <translation>Zielposition (Byte 2)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 3)</source>
+        <translation>Zielposition (Byte 3)</translation>
+    </message>
+    <message>
+        <source>Target angular velocity (lower)</source>
+        <translation>Ziel-Winkelgeschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Target angular velocity (upper)</source>
+        <translation>Ziel-Winkelgeschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Target torque (lower)</source>
+        <translation>Zieldrehmoment (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Target torque (upper)</source>
+        <translation>Zieldrehmoment (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 0)</source>
+        <translation>Istposition (Byte 0)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 1)</source>
+        <translation>Istposition (Byte 1)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 2)</source>
+        <translation>Istposition (Byte 2)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 3)</source>
+        <translation>Istposition (Byte 3)</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity (lower)</source>
+        <translation>Ist-Winkelgeschwindigkeit (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity (upper)</source>
+        <translation>Ist-Winkelgeschwindigkeit (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual torque (lower)</source>
+        <translation>Istdrehmoment (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual voltage</source>
+        <translation>Istspannung</translation>
+    </message>
+    <message>
+        <source>Actual phase current (lower)</source>
+        <translation>Ist-Phasenstrom (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual phase current (upper)</source>
+        <translation>Ist-Phasenstrom (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Actual temperature</source>
+        <translation>Isttemperatur</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>In Bewegung</translation>
+    </message>
+    <message>
+        <source>Hardware error status</source>
+        <translation>Hardwarefehler</translation>
+    </message>
+    <message>
+        <source>Debug 1 (u8)</source>
+        <translation>Debug 1 (u8)</translation>
+    </message>
+    <message>
+        <source>Debug 2 (u8)</source>
+        <translation>Debug 2 (u8)</translation>
+    </message>
+    <message>
+        <source>Debug 3 (lower)</source>
+        <translation>Debug 3 (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Debug 3 (upper)</source>
+        <translation>Debug 3 (High-Byte)</translation>
+    </message>
+    <message>
+        <source>Debug 4 (lower)</source>
+        <translation>Debug 4 (Low-Byte)</translation>
+    </message>
+    <message>
+        <source>Debug 4 (upper)</source>
+        <translation>Debug 4 (High-Byte)</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1221 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>EditView</name>
+    <message>
+        <source>Realtime information</source>
+        <translation>Información en tiempo real</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Posición</translation>
+    </message>
+    <message>
+        <source>Angular velocity</source>
+        <translation>Velocidad angular</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Par</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>Tensión</translation>
+    </message>
+    <message>
+        <source>Phase current (Iq)</source>
+        <translation>Corriente de fase (Iq)</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatura</translation>
+    </message>
+    <message>
+        <source>Is moving:</source>
+        <translation>En movimiento:</translation>
+    </message>
+    <message>
+        <source>Version information</source>
+        <translation>Información de versión</translation>
+    </message>
+    <message>
+        <source>Model number:</source>
+        <translation>Número de modelo:</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>Versión de firmware:</translation>
+    </message>
+    <message>
+        <source>Hardware error status</source>
+        <translation>Errores de hardware</translation>
+    </message>
+    <message>
+        <source>Overload error</source>
+        <translation>Sobrecarga</translation>
+    </message>
+    <message>
+        <source>Overheating error</source>
+        <translation>Sobrecalentamiento</translation>
+    </message>
+    <message>
+        <source>Angle limit error</source>
+        <translation>Límite de ángulo</translation>
+    </message>
+    <message>
+        <source>Input voltage error</source>
+        <translation>Tensión de entrada</translation>
+    </message>
+    <message>
+        <source>Encoder error</source>
+        <translation>Codificador</translation>
+    </message>
+    <message>
+        <source>Hall sensor error</source>
+        <translation>Sensor Hall</translation>
+    </message>
+    <message>
+        <source>Status packet information</source>
+        <translation>Paquete de estado</translation>
+    </message>
+    <message>
+        <source>Process failure</source>
+        <translation>Fallo de proceso</translation>
+    </message>
+    <message>
+        <source>Instruction error</source>
+        <translation>Error de instrucción</translation>
+    </message>
+    <message>
+        <source>Checksum error</source>
+        <translation>Error de suma de control</translation>
+    </message>
+    <message>
+        <source>Data range error</source>
+        <translation>Error de rango de datos</translation>
+    </message>
+    <message>
+        <source>Data length error</source>
+        <translation>Error de longitud</translation>
+    </message>
+    <message>
+        <source>Data limit error</source>
+        <translation>Error de límite de datos</translation>
+    </message>
+    <message>
+        <source>Access error</source>
+        <translation>Error de acceso</translation>
+    </message>
+    <message>
+        <source>Alert</source>
+        <translation>Alerta</translation>
+    </message>
+    <message>
+        <source>Parameters (non-volatile)</source>
+        <translation>Parámetros (no volátiles)</translation>
+    </message>
+    <message>
+        <source>Baud rate:</source>
+        <translation>Velocidad en baudios:</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Acknowledge response time</source>
+        <translation>Tiempo de respuesta</translation>
+    </message>
+    <message>
+        <source>Operating mode:</source>
+        <translation>Modo de operación:</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>Rueda</translation>
+    </message>
+    <message>
+        <source>Joint</source>
+        <translation>Articulación</translation>
+    </message>
+    <message>
+        <source>Multi-turn</source>
+        <translation>Multivuelta</translation>
+    </message>
+    <message>
+        <source>Stepper</source>
+        <translation>Paso a paso</translation>
+    </message>
+    <message>
+        <source>Input mode:</source>
+        <translation>Modo de entrada:</translation>
+    </message>
+    <message>
+        <source>Trajectory</source>
+        <translation>Trayectoria</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>Límites</translation>
+    </message>
+    <message>
+        <source>Clockwise angle limit</source>
+        <translation>Límite horario</translation>
+    </message>
+    <message>
+        <source>Counter-clockwise angle limit</source>
+        <translation>Límite antihorario</translation>
+    </message>
+    <message>
+        <source>Temperature limit</source>
+        <translation>Límite de temperatura</translation>
+    </message>
+    <message>
+        <source>Minimum voltage</source>
+        <translation>Tensión mínima</translation>
+    </message>
+    <message>
+        <source>Maximum voltage</source>
+        <translation>Tensión máxima</translation>
+    </message>
+    <message>
+        <source>Phase current (Iq) limit:</source>
+        <translation>Límite de corriente (Iq)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit</source>
+        <translation>Límite de velocidad</translation>
+    </message>
+    <message>
+        <source>Acceleration limit</source>
+        <translation>Límite de aceleración</translation>
+    </message>
+    <message>
+        <source>Adjustments</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Home position offset</source>
+        <translation>Desfase del origen</translation>
+    </message>
+    <message>
+        <source>Moving threshold</source>
+        <translation>Umbral de movimiento</translation>
+    </message>
+    <message>
+        <source>Default control parameters</source>
+        <translation>Control predeterminado</translation>
+    </message>
+    <message>
+        <source>Position proportional term:</source>
+        <translation>Proporcional de posición:</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward term:</source>
+        <translation>Prealim. de velocidad:</translation>
+    </message>
+    <message>
+        <source>Velocity proportional term:</source>
+        <translation>Proporcional de velocidad:</translation>
+    </message>
+    <message>
+        <source>Velocity integral term:</source>
+        <translation>Integral de velocidad:</translation>
+    </message>
+    <message>
+        <source>Current feedforward term:</source>
+        <translation>Prealim. de corriente:</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile:</source>
+        <translation>Perfil de velocidad</translation>
+    </message>
+    <message>
+        <source>Acceleration profile:</source>
+        <translation>Perfil de aceleración</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+    <message>
+        <source>Parameters (volatile)</source>
+        <translation>Parámetros (volátiles)</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>Posición objetivo</translation>
+    </message>
+    <message>
+        <source>Proportional term:</source>
+        <translation>Término proporcional:</translation>
+    </message>
+    <message>
+        <source>Target velocity</source>
+        <translation>Velocidad objetivo</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Sentido:</translation>
+    </message>
+    <message>
+        <source>Counter-clockwise</source>
+        <translation>Antihorario</translation>
+    </message>
+    <message>
+        <source>Clockwise</source>
+        <translation>Horario</translation>
+    </message>
+    <message>
+        <source>Integral term:</source>
+        <translation>Término integral:</translation>
+    </message>
+    <message>
+        <source>Target torque</source>
+        <translation>Par objetivo</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Perfil</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Varios</translation>
+    </message>
+    <message>
+        <source>Enable motor</source>
+        <translation>Activar motor</translation>
+    </message>
+    <message>
+        <source>Pending shadow instruction:</source>
+        <translation>Instrucción pendiente:</translation>
+    </message>
+    <message>
+        <source>Unit fields</source>
+        <translation>Magnitudes físicas</translation>
+    </message>
+    <message>
+        <source>What the servo is doing now, read from it again at each polling interval. The values are shown in the units chosen in the settings; nothing here can be edited.</source>
+        <translation>Lo que el servo está haciendo ahora, leído de él en cada intervalo de consulta. Los valores se muestran en las unidades elegidas en la configuración; aquí no se puede editar nada.</translation>
+    </message>
+    <message>
+        <source>Which servo is connected: its model number and the version of the firmware that it runs.</source>
+        <translation>Qué servo está conectado: su número de modelo y la versión del firmware que ejecuta.</translation>
+    </message>
+    <message>
+        <source>Faults that the servo has found in itself. A box is checked for as long as the servo reports the fault.</source>
+        <translation>Fallos que el servo ha detectado en sí mismo. Una casilla está marcada mientras el servo notifique el fallo.</translation>
+    </message>
+    <message>
+        <source>What the servo says with each of its answers. A box turns red when the servo did not understand what it was told, or could not carry it out.</source>
+        <translation>Lo que el servo comunica con cada una de sus respuestas. Una casilla se vuelve roja cuando el servo no ha entendido una instrucción o no ha podido ejecutarla.</translation>
+    </message>
+    <message>
+        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
+        <translation>Ajustes que el servo conserva sin alimentación. Pulse «Editar», cámbielos y pulse «Aplicar» para escribirlos todos en el servo, o «Cancelar» para dejarlo como está. Solo se pueden editar mientras el motor no está activado. Un nuevo ID o una nueva velocidad rigen de inmediato: desconecte y vuelva a conectar para acceder al servo.</translation>
+    </message>
+    <message>
+        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
+        <translation>Objetivos y parámetros de control que el servo sigue hasta que se apaga; después vuelve a empezar con sus valores predeterminados. Pulse «Editar», cámbielos y pulse «Aplicar» para escribirlos todos en el servo, o «Cancelar» para dejarlo como está. Con el motor activado, el servo se mueve en cuanto se aplican.</translation>
+    </message>
+    <message>
+        <source>Proportional term of the position</source>
+        <translation>Término proporcional de la posición</translation>
+    </message>
+    <message>
+        <source>Direction of the velocity</source>
+        <translation>Sentido de la velocidad</translation>
+    </message>
+    <message>
+        <source>Proportional term of the velocity</source>
+        <translation>Término proporcional de la velocidad</translation>
+    </message>
+    <message>
+        <source>Direction of the torque</source>
+        <translation>Sentido del par</translation>
+    </message>
+</context>
+<context>
+    <name>FieldToolTip</name>
+    <message>
+        <source>Register %1, bit %2: %3</source>
+        <translation>Registro %1, bit %2: %3</translation>
+    </message>
+    <message>
+        <source>Register %1: %2</source>
+        <translation>Registro %1: %2</translation>
+    </message>
+    <message>
+        <source>Range: %1 to %2</source>
+        <translation>Intervalo: de %1 a %2</translation>
+    </message>
+    <message>
+        <source>Range: %1 to %2 %3</source>
+        <translation>Intervalo: de %1 a %2 %3</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Zelvar Servo Manager</source>
+        <translation>Zelvar Servo Manager</translation>
+    </message>
+    <message>
+        <source>Unit fields</source>
+        <translation>Magnitudes físicas</translation>
+    </message>
+    <message>
+        <source>Register fields</source>
+        <translation>Registros</translation>
+    </message>
+    <message>
+        <source>Connections</source>
+        <translation>Conexiones</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>toolBar</source>
+        <translation>Barra de herramientas</translation>
+    </message>
+    <message>
+        <source>C&amp;onnect</source>
+        <translation>C&amp;onectar</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Desconectar</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Configuración</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Shift+S</source>
+        <translation>Shift+S</translation>
+    </message>
+    <message>
+        <source>&amp;Reboot</source>
+        <translation>&amp;Reiniciar</translation>
+    </message>
+    <message>
+        <source>Reboot</source>
+        <translation>Reiniciar</translation>
+    </message>
+    <message>
+        <source>Ctrl+R</source>
+        <translation>Ctrl+R</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Restablecer</translation>
+    </message>
+    <message>
+        <source>&amp;Factory reset</source>
+        <translation>Restablecer los valores de fábrica</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Desconectado</translation>
+    </message>
+    <message>
+        <source>Error occurred during reboot operation</source>
+        <translation>Se ha producido un error al reiniciar</translation>
+    </message>
+    <message>
+        <source>Error during reboot of Zelvar servo id:%1</source>
+        <translation>Error al reiniciar el servo Zelvar con el ID %1</translation>
+    </message>
+    <message>
+        <source>Zelvar servo id:%1 was rebooted successfully</source>
+        <translation>El servo Zelvar con el ID %1 se ha reiniciado correctamente</translation>
+    </message>
+    <message>
+        <source>Error occurred during factory reset operation</source>
+        <translation>Se ha producido un error al restablecer los valores de fábrica</translation>
+    </message>
+    <message>
+        <source>Error during factory reset of Zelvar servo id:%1</source>
+        <translation>Error al restablecer los valores de fábrica del servo Zelvar con el ID %1</translation>
+    </message>
+    <message>
+        <source>Factory reset of Zelvar servo id:%1 was successful</source>
+        <translation>Se han restablecido los valores de fábrica del servo Zelvar con el ID %1</translation>
+    </message>
+    <message>
+        <source>Polling interval (ms): </source>
+        <translation>Intervalo de consulta (ms): </translation>
+    </message>
+    <message>
+        <source>Servo address: </source>
+        <translation>Dirección del servo: </translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Conectado</translation>
+    </message>
+    <message>
+        <source>No answer from servo %1</source>
+        <translation>El servo %1 no responde</translation>
+    </message>
+    <message>
+        <source>The servo now listens at address %1 and %2 baud: disconnect and connect again</source>
+        <translation>El servo escucha ahora en la dirección %1 a %2 baudios: desconecte y vuelva a conectar</translation>
+    </message>
+    <message>
+        <source>Success</source>
+        <translation>Operación correcta</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
+    </message>
+</context>
+<context>
+    <name>PortErrors</name>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings.</source>
+        <translation>No se ha elegido ningún puerto serie. Elija uno en la configuración.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 refuses the baud rate %2. Choose another baud rate in the settings.</source>
+        <translation>El puerto serie %1 rechaza la velocidad de %2 baudios. Elija otra velocidad en la configuración.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 was not found. Check that the adapter is plugged in, or choose another port in the settings.</source>
+        <translation>No se encuentra el puerto serie %1. Compruebe que el adaptador está enchufado o elija otro puerto en la configuración.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 is in use by another program. Close that program and connect again.</source>
+        <translation>Otro programa está usando el puerto serie %1. Cierre ese programa y vuelva a conectar.</translation>
+    </message>
+    <message>
+        <source>You have no permission to use the serial port %1. Add your user to the group &quot;%2&quot; and log in again.</source>
+        <translation>No tiene permiso para usar el puerto serie %1. Añada su usuario al grupo «%2» y vuelva a iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>The serial port %1 could not be opened: %2. Choose another port in the settings.</source>
+        <translation>No se ha podido abrir el puerto serie %1: %2. Elija otro puerto en la configuración.</translation>
+    </message>
+    <message>
+        <source>The connection to the serial port %1 was lost. Check the adapter and its cable, then connect again.</source>
+        <translation>Se ha perdido la conexión con el puerto serie %1. Compruebe el adaptador y su cable y vuelva a conectar.</translation>
+    </message>
+</context>
+<context>
+    <name>RegisterView</name>
+    <message>
+        <source>Non-volatile bank 1</source>
+        <translation>No volátil, banco 1</translation>
+    </message>
+    <message>
+        <source>Non-volatile bank 2</source>
+        <translation>No volátil, banco 2</translation>
+    </message>
+    <message>
+        <source>Volatile bank 1</source>
+        <translation>Volátil, banco 1</translation>
+    </message>
+    <message>
+        <source>Volatile bank 2</source>
+        <translation>Volátil, banco 2</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Dirección</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valor</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Descripción</translation>
+    </message>
+    <message>
+        <source>Register fields</source>
+        <translation>Registros</translation>
+    </message>
+</context>
+<context>
+    <name>SearchDialog</name>
+    <message>
+        <source>Device search</source>
+        <translation>Búsqueda de dispositivos</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Dispositivos</translation>
+    </message>
+    <message>
+        <source>Baud rate</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modelo</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parámetros</translation>
+    </message>
+    <message>
+        <source>Serial port:</source>
+        <translation>Puerto:</translation>
+    </message>
+    <message>
+        <source>ID search range</source>
+        <translation>Intervalo de ID</translation>
+    </message>
+    <message>
+        <source>Lower:</source>
+        <translation>De:</translation>
+    </message>
+    <message>
+        <source>Upper: </source>
+        <translation>A: </translation>
+    </message>
+    <message>
+        <source>Baud rates</source>
+        <translation>Velocidades (baudios)</translation>
+    </message>
+    <message>
+        <source>Select/Unselect</source>
+        <translation>Todas/ninguna</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Detener</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Elegir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>n/d</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Configuración</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Conexión</translation>
+    </message>
+    <message>
+        <source>Select Serial Port</source>
+        <translation>Puerto serie</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Descripción:</translation>
+    </message>
+    <message>
+        <source>Manufacturer:</source>
+        <translation>Fabricante:</translation>
+    </message>
+    <message>
+        <source>Location:</source>
+        <translation>Ubicación:</translation>
+    </message>
+    <message>
+        <source>Vendor ID:</source>
+        <translation>ID de fabricante:</translation>
+    </message>
+    <message>
+        <source>Product ID:</source>
+        <translation>ID de producto:</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parámetros</translation>
+    </message>
+    <message>
+        <source>BaudRate:</source>
+        <translation>Velocidad:</translation>
+    </message>
+    <message>
+        <source>Data bits:</source>
+        <translation>Bits de datos:</translation>
+    </message>
+    <message>
+        <source>Parity:</source>
+        <translation>Paridad:</translation>
+    </message>
+    <message>
+        <source>Stop bits:</source>
+        <translation>Bits de parada:</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Unidades</translation>
+    </message>
+    <message>
+        <source>Angular velocity</source>
+        <translation>Velocidad angular</translation>
+    </message>
+    <message>
+        <source>rad/s</source>
+        <translation>rad/s</translation>
+    </message>
+    <message>
+        <source>rpm</source>
+        <translation>rpm</translation>
+    </message>
+    <message>
+        <source>Angular acceleration</source>
+        <translation>Aceleración angular</translation>
+    </message>
+    <message>
+        <source>rad/s2</source>
+        <translation>rad/s2</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Ángulo</translation>
+    </message>
+    <message>
+        <source>Radians</source>
+        <translation>Radianes</translation>
+    </message>
+    <message>
+        <source>Degrees</source>
+        <translation>Grados</translation>
+    </message>
+    <message>
+        <source>Torque</source>
+        <translation>Par</translation>
+    </message>
+    <message>
+        <source>Nm</source>
+        <translation>Nm</translation>
+    </message>
+    <message>
+        <source>kg-cm</source>
+        <translation>kg-cm</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>Tensión</translation>
+    </message>
+    <message>
+        <source>Volts</source>
+        <translation>Voltios</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Corriente</translation>
+    </message>
+    <message>
+        <source>Amps</source>
+        <translation>Amperios</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatura</translation>
+    </message>
+    <message>
+        <source>°C</source>
+        <translation>°C</translation>
+    </message>
+    <message>
+        <source>°F</source>
+        <translation>°F</translation>
+    </message>
+    <message>
+        <source>Servo data</source>
+        <translation>Datos del servo</translation>
+    </message>
+    <message>
+        <source>Hex</source>
+        <translation>Hexadecimal</translation>
+    </message>
+    <message>
+        <source>Decimal</source>
+        <translation>Decimal</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguna</translation>
+    </message>
+    <message>
+        <source>Even</source>
+        <translation>Par</translation>
+    </message>
+    <message>
+        <source>Odd</source>
+        <translation>Impar</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Marca</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>n/d</translation>
+    </message>
+    <message>
+        <source>Description: %1</source>
+        <translation>Descripción: %1</translation>
+    </message>
+    <message>
+        <source>Manufacturer: %1</source>
+        <translation>Fabricante: %1</translation>
+    </message>
+    <message>
+        <source>Location: %1</source>
+        <translation>Ubicación: %1</translation>
+    </message>
+    <message>
+        <source>Vendor Identifier: %1</source>
+        <translation>ID de fabricante: %1</translation>
+    </message>
+    <message>
+        <source>Product Identifier: %1</source>
+        <translation>ID de producto: %1</translation>
+    </message>
+</context>
+<context>
+    <name>UiGroupHelper</name>
+    <message>
+        <source>Apply</source>
+        <translation>Aplicar</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+</context>
+<context>
+    <name>UnitsHelper</name>
+    <message>
+        <source>radians</source>
+        <translation>radianes</translation>
+    </message>
+    <message>
+        <source>degrees</source>
+        <translation>grados</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarSerialPortInterface</name>
+    <message>
+        <source>Simulated servo bus</source>
+        <translation>Bus de servos simulado</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarV1</name>
+    <message>
+        <source>Model number (lower)</source>
+        <translation>Número de modelo (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Model number (upper)</source>
+        <translation>Número de modelo (byte alto)</translation>
+    </message>
+    <message>
+        <source>Firmware version</source>
+        <translation>Versión de firmware</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Baud rate</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source>Acknowledge response time</source>
+        <translation>Tiempo de respuesta</translation>
+    </message>
+    <message>
+        <source>Operating mode</source>
+        <translation>Modo de operación</translation>
+    </message>
+    <message>
+        <source>CW angle limit (lower)</source>
+        <translation>Límite de ángulo horario (byte bajo)</translation>
+    </message>
+    <message>
+        <source>CW angle limit (upper)</source>
+        <translation>Límite de ángulo horario (byte alto)</translation>
+    </message>
+    <message>
+        <source>CCW angle limit (lower)</source>
+        <translation>Límite de ángulo antihorario (byte bajo)</translation>
+    </message>
+    <message>
+        <source>CCW angle limit (upper)</source>
+        <translation>Límite de ángulo antihorario (byte alto)</translation>
+    </message>
+    <message>
+        <source>Upper temperature limit</source>
+        <translation>Límite superior de temperatura</translation>
+    </message>
+    <message>
+        <source>Lower input voltage limit</source>
+        <translation>Límite inferior de tensión de entrada</translation>
+    </message>
+    <message>
+        <source>Upper input voltage limit</source>
+        <translation>Límite superior de tensión de entrada</translation>
+    </message>
+    <message>
+        <source>Torque limit (lower)</source>
+        <translation>Límite de par (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Torque limit (upper)</source>
+        <translation>Límite de par (byte alto)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit (lower)</source>
+        <translation>Límite de velocidad angular (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit (upper)</source>
+        <translation>Límite de velocidad angular (byte alto)</translation>
+    </message>
+    <message>
+        <source>Acceleration limit (lower)</source>
+        <translation>Límite de aceleración (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Acceleration limit (upper)</source>
+        <translation>Límite de aceleración (byte alto)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 0)</source>
+        <translation>Desfase del origen (byte 0)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 1)</source>
+        <translation>Desfase del origen (byte 1)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 2)</source>
+        <translation>Desfase del origen (byte 2)</translation>
+    </message>
+    <message>
+        <source>Home position offset (byte 3)</source>
+        <translation>Desfase del origen (byte 3)</translation>
+    </message>
+    <message>
+        <source>Moving threshold (lower)</source>
+        <translation>Umbral de movimiento (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Moving threshold (upper)</source>
+        <translation>Umbral de movimiento (byte alto)</translation>
+    </message>
+    <message>
+        <source>Input mode</source>
+        <translation>Modo de entrada</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain (lower)</source>
+        <translation>Ganancia proporcional de posición predeterminada (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain (upper)</source>
+        <translation>Ganancia proporcional de posición predeterminada (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain (lower)</source>
+        <translation>Ganancia de prealimentación de velocidad predeterminada (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain (upper)</source>
+        <translation>Ganancia de prealimentación de velocidad predeterminada (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain (lower)</source>
+        <translation>Ganancia de prealimentación de corriente predeterminada (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain (upper)</source>
+        <translation>Ganancia de prealimentación de corriente predeterminada (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain (lower)</source>
+        <translation>Ganancia integral de velocidad predeterminada (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain (upper)</source>
+        <translation>Ganancia integral de velocidad predeterminada (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain (lower)</source>
+        <translation>Ganancia proporcional de velocidad predeterminada (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain (upper)</source>
+        <translation>Ganancia proporcional de velocidad predeterminada (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile (lower)</source>
+        <translation>Perfil de velocidad angular predeterminado (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile (upper)</source>
+        <translation>Perfil de velocidad angular predeterminado (byte alto)</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile (lower)</source>
+        <translation>Perfil de aceleración predeterminado (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile (upper)</source>
+        <translation>Perfil de aceleración predeterminado (byte alto)</translation>
+    </message>
+    <message>
+        <source>Control enable</source>
+        <translation>Control activado</translation>
+    </message>
+    <message>
+        <source>Pending shadow instruction</source>
+        <translation>Instrucción pendiente</translation>
+    </message>
+    <message>
+        <source>Position proportional gain (lower)</source>
+        <translation>Ganancia proporcional de posición (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Position proportional gain (upper)</source>
+        <translation>Ganancia proporcional de posición (byte alto)</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain (lower)</source>
+        <translation>Ganancia de prealimentación de velocidad (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain (upper)</source>
+        <translation>Ganancia de prealimentación de velocidad (byte alto)</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain (lower)</source>
+        <translation>Ganancia de prealimentación de corriente (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain (upper)</source>
+        <translation>Ganancia de prealimentación de corriente (byte alto)</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain (lower)</source>
+        <translation>Ganancia integral de velocidad (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain (upper)</source>
+        <translation>Ganancia integral de velocidad (byte alto)</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain (lower)</source>
+        <translation>Ganancia proporcional de velocidad (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain (upper)</source>
+        <translation>Ganancia proporcional de velocidad (byte alto)</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile (lower)</source>
+        <translation>Perfil de velocidad angular (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile (upper)</source>
+        <translation>Perfil de velocidad angular (byte alto)</translation>
+    </message>
+    <message>
+        <source>Acceleration profile (lower)</source>
+        <translation>Perfil de aceleración (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Acceleration profile (upper)</source>
+        <translation>Perfil de aceleración (byte alto)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 0)</source>
+        <translation>Posición objetivo (byte 0)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 1)</source>
+        <translation>Posición objetivo (byte 1)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 2)</source>
+        <translation>Posición objetivo (byte 2)</translation>
+    </message>
+    <message>
+        <source>Target position (byte 3)</source>
+        <translation>Posición objetivo (byte 3)</translation>
+    </message>
+    <message>
+        <source>Target angular velocity (lower)</source>
+        <translation>Velocidad angular objetivo (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Target angular velocity (upper)</source>
+        <translation>Velocidad angular objetivo (byte alto)</translation>
+    </message>
+    <message>
+        <source>Target torque (lower)</source>
+        <translation>Par objetivo (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Target torque (upper)</source>
+        <translation>Par objetivo (byte alto)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 0)</source>
+        <translation>Posición actual (byte 0)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 1)</source>
+        <translation>Posición actual (byte 1)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 2)</source>
+        <translation>Posición actual (byte 2)</translation>
+    </message>
+    <message>
+        <source>Actual position (byte 3)</source>
+        <translation>Posición actual (byte 3)</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity (lower)</source>
+        <translation>Velocidad angular actual (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity (upper)</source>
+        <translation>Velocidad angular actual (byte alto)</translation>
+    </message>
+    <message>
+        <source>Actual torque (lower)</source>
+        <translation>Par actual (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Actual voltage</source>
+        <translation>Tensión actual</translation>
+    </message>
+    <message>
+        <source>Actual phase current (lower)</source>
+        <translation>Corriente de fase actual (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Actual phase current (upper)</source>
+        <translation>Corriente de fase actual (byte alto)</translation>
+    </message>
+    <message>
+        <source>Actual temperature</source>
+        <translation>Temperatura actual</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>En movimiento</translation>
+    </message>
+    <message>
+        <source>Hardware error status</source>
+        <translation>Errores de hardware</translation>
+    </message>
+    <message>
+        <source>Debug 1 (u8)</source>
+        <translation>Depuración 1 (u8)</translation>
+    </message>
+    <message>
+        <source>Debug 2 (u8)</source>
+        <translation>Depuración 2 (u8)</translation>
+    </message>
+    <message>
+        <source>Debug 3 (lower)</source>
+        <translation>Depuración 3 (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Debug 3 (upper)</source>
+        <translation>Depuración 3 (byte alto)</translation>
+    </message>
+    <message>
+        <source>Debug 4 (lower)</source>
+        <translation>Depuración 4 (byte bajo)</translation>
+    </message>
+    <message>
+        <source>Debug 4 (upper)</source>
+        <translation>Depuración 4 (byte alto)</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+class IDevice;
+
+/** What the tool tips of the bound controls say, put together from the tables of the connected device. */
+class FieldToolTip
+{
+    Q_DECLARE_TR_FUNCTIONS(FieldToolTip)
+
+public:
+    /**
+     * The registers of the field @p objectName and what they hold, for example "Register 78–81: Target
+     * position"; empty when @p device does not describe them.
+     */
+    static QString registerText(const IDevice &device, const QString &objectName);
+    /** For example "Range: -1602.211 to 1602.211 radians". @param unit empty for a field without one. */
+    static QString rangeText(const QString &minimum, const QString &maximum, const QString &unit);
+};

@@ -1,0 +1,16 @@
+#include "widgets/ground.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWidget>
+
+void ground::own(QWidget &widget)
+{
+    widget.setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ground::paint(QWidget &widget, const QPaintEvent &event)
+{
+    if (const QWidget *parent = widget.parentWidget())
+        QPainter(&widget).fillRect(event.rect(), parent->palette().brush(parent->backgroundRole()));
+}

@@ -1,0 +1,170 @@
+// Takes the pictures of the user guide from the running program on a simulated bus. Exits with 1 when the
+// program does not come into a state that a picture is of.
+
+#include "search/searchdialog.h"
+#include "settings/settingsdialog.h"
+#include "tests/support/desk.h"
+#include "tests/support/testenvironment.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QFont>
+#include <QPixmap>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolBar>
+#include <QTreeWidget>
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+constexpr int ServoId = 3;
+constexpr int PollingInterval = 100;    // ms
+constexpr QSize WindowSize(1192, 1000); // all of the parameters
+constexpr double Target = 2.5;          // rad
+constexpr double OnTheWay = 0.5;        // rad
+constexpr int Patience = 20000;         // ms
+
+enum Tab {
+    UnitFields,
+    RegisterFields,
+};
+
+// Qt's offscreen platform says this of each window.
+void printWarning(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type != QtDebugMsg && type != QtInfoMsg && !message.contains("propagateSizeHints"))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+template <typename Condition>
+void require(const char *state, Condition condition)
+{
+    if (!QTest::qWaitFor(condition, Patience))
+        throw std::runtime_error(std::string("not reached: ") + state);
+}
+
+/** The states of the program that there are pictures of, and the way from one to the next. */
+class Photographer
+{
+public:
+    explicit Photographer(const QString &folder) : m_folder(folder), m_desk(ServoId)
+    {
+        require("a simulated bus", [this] { return !m_desk.simulator.name().isEmpty(); });
+        m_desk.window->resize(WindowSize);
+        // The toolbar has the polling interval first.
+        m_desk.find<QToolBar>("toolBar")->findChildren<QSpinBox *>().first()->setValue(PollingInterval);
+    }
+
+    void takeAll() const
+    {
+        takeSettings();
+        takeSearch();
+        m_desk.trigger("actionConnect");
+        require("values", [this] { return !position().isEmpty() && m_desk.status() == "Connected"; });
+        takeEditing();
+        takeMovement();
+        takeRegisters();
+        m_desk.trigger("actionDisconnect");
+    }
+
+private:
+    void takeSettings() const
+    {
+        m_desk.trigger("actionSettings");
+        auto *dialog = SettingsDialog::instance();
+        take(*dialog, "settings-connection");
+        dialog->findChild<QTabWidget *>("settingsTabWidget")->setCurrentIndex(1);
+        take(*dialog, "settings-units");
+        dialog->cancel();
+    }
+
+    void takeSearch() const
+    {
+        m_desk.trigger("actionSearch");
+        auto *dialog = SearchDialog::instance();
+        for (const char *baudRate : {"baudRate57600CheckBox", "baudRate1000000CheckBox"})
+            dialog->findChild<QCheckBox *>(baudRate)->click();
+        dialog->findChild<QPushButton *>("scanPushButton")->click();
+        auto *servos = dialog->findChild<QTreeWidget *>("servoTreeWidget");
+        require("two baud rates with servos", [servos] { return servos->topLevelItemCount() == 2; });
+        servos->setCurrentItem(servos->topLevelItem(1)->child(0));
+        take(*dialog, "search");
+        dialog->cancel();
+    }
+
+    void takeEditing() const
+    {
+        m_desk.click("vParamsEditSaveToolButton");
+        // The locks follow the modes a poll later.
+        const auto *unlocked = m_desk.find<QDoubleSpinBox>("accelerationProfileDoubleSpinBox");
+        require("the locks of the mode", [unlocked] { return unlocked->isEnabled(); });
+        m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(true);
+        m_desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->setValue(Target);
+        auto *apply = m_desk.find<QToolButton>("vParamsEditSaveToolButton");
+        require("changes to apply", [apply] { return apply->isEnabled() && apply->isChecked(); });
+        take(*m_desk.window, "editing");
+    }
+
+    void takeMovement() const
+    {
+        m_desk.click("vParamsEditSaveToolButton");
+        require("a moving servo", [this] {
+            return position().toDouble() > OnTheWay &&
+                   m_desk.find<QCheckBox>("isMovingCheckBox")->isChecked();
+        });
+        take(*m_desk.window, "unit-fields");
+    }
+
+    void takeRegisters() const
+    {
+        m_desk.showTab(RegisterFields);
+        require("register values", [this] { return !m_desk.cell("eepromRegisterBank1Widget", 0).isEmpty(); });
+        take(*m_desk.window, "register-fields");
+        m_desk.showTab(UnitFields);
+    }
+
+    QString position() const { return m_desk.text("actualPositionLineEdit"); }
+
+    void take(QWidget &widget, const QString &name) const
+    {
+        const QString path = m_folder.filePath(name + ".png");
+        require("an exposed window", [&widget] { return widget.isVisible(); });
+        if (!widget.grab().save(path))
+            throw std::runtime_error("cannot write " + path.toStdString());
+        std::puts(qPrintable(path));
+    }
+
+    QDir m_folder;
+    Desk m_desk;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: zelvar-servo-screenshots FOLDER\n");
+        return 2;
+    }
+    TestEnvironment environment;
+    qInstallMessageHandler(printWarning);
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setStyle("Fusion");
+    QApplication::setFont(QFont("DejaVu Sans", 9));
+    try {
+        Photographer(QString::fromLocal8Bit(argv[1])).takeAll();
+    } catch (const std::runtime_error &error) {
+        std::fprintf(stderr, "%s\n", error.what()); // the simulator has been ended on the way here
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "bench/figure.h"
+#include "bench/rounds.h"
+
+/** Time from starting the program until its window is painted, against a program with an empty window. */
+Figures startTime(const Rounds &rounds);
+/**
+ * Processor time of the program while it polls for itself at its shortest interval, for each tab, and its memory
+ * afterwards against a program with an empty window.
+ */
+Figures liveProgram(const Rounds &rounds);

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QSize>
+
+/** Large enough for each tab to show everything that it has; the program itself keeps to the size of the screen. */
+constexpr QSize WindowSize(1400, 1250);

@@ -225,6 +225,7 @@ private Q_SLOTS:
         desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
         desk.click("nvParamsEditSaveToolButton");
         QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
+        desk.window.reset();
         desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
         desk.window->show();
         desk.trigger("actionConnect");

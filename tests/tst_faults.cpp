@@ -14,6 +14,8 @@
 #include <QSpinBox>
 #include <QTreeWidget>
 
+#include <array>
+
 namespace {
 
 constexpr int ServoId = 3;
@@ -89,7 +91,12 @@ struct WatchedDesk : Desk
     int shown = 0;
 };
 
+/** Something that users do at a desk; @p mustWork unless the fault is the end of all answers. */
+using Operation = void (*)(WatchedDesk &desk, bool mustWork);
+
 } // namespace
+
+Q_DECLARE_METATYPE(Operation)
 
 class TestFaults : public QObject
 {
@@ -97,19 +104,19 @@ class TestFaults : public QObject
 
     Cells m_allowed;
 
-    void identify(WatchedDesk &desk, bool mustWork)
+    static void identify(WatchedDesk &desk, bool mustWork)
     {
         QCOMPARE(desk.connectToServo() || !mustWork, true);
     }
 
-    void poll(WatchedDesk &desk, bool mustWork)
+    static void poll(WatchedDesk &desk, bool mustWork)
     {
         desk.connectToServo();
         if (mustWork)
             QTRY_VERIFY(desk.shown > 0);
     }
 
-    void write(WatchedDesk &desk, bool mustWork)
+    static void write(WatchedDesk &desk, bool mustWork)
     {
         desk.connectToServo();
         desk.applyTargets();
@@ -117,21 +124,21 @@ class TestFaults : public QObject
             QTRY_COMPARE(desk.targetPosition(), QString("0x2c0x010x000x00"));
     }
 
-    void reboot(WatchedDesk &desk, bool)
+    static void reboot(WatchedDesk &desk, bool)
     {
         desk.trigger("actionReboot");
         QVERIFY(desk.boxes() <= 1);
         desk.watcher.boxes.removeAll(BoxWatcher::success("Zelvar servo id:3 was rebooted successfully"));
     }
 
-    void factoryReset(WatchedDesk &desk, bool)
+    static void factoryReset(WatchedDesk &desk, bool)
     {
         desk.trigger("actionReset");
         QVERIFY(desk.boxes() <= 1);
         desk.watcher.boxes.removeAll(BoxWatcher::success("Factory reset of Zelvar servo id:3 was successful"));
     }
 
-    void scan(WatchedDesk &desk, bool)
+    static void scan(WatchedDesk &desk, bool)
     {
         desk.trigger("actionSearch");
         SearchDialog *dialog = SearchDialog::instance();
@@ -148,7 +155,7 @@ class TestFaults : public QObject
         dialog->close();
     }
 
-    void disconnectInBetween(WatchedDesk &desk, bool)
+    static void disconnectInBetween(WatchedDesk &desk, bool)
     {
         if (desk.connectToServo())
             desk.trigger("actionDisconnect");
@@ -156,12 +163,29 @@ class TestFaults : public QObject
         QVERIFY(desk.find<QAction>("actionConnect")->isEnabled());
     }
 
-    void closeInBetween(WatchedDesk &desk, bool)
+    static void closeInBetween(WatchedDesk &desk, bool)
     {
         desk.connectToServo();
         desk.applyTargets();
         desk.window->close();
         desk.window.reset();
+    }
+
+    struct NamedOperation
+    {
+        const char *name;
+        Operation run;
+    };
+    static std::array<NamedOperation, 8> operations()
+    {
+        return {{{"identify", identify},
+                 {"poll", poll},
+                 {"write", write},
+                 {"reboot", reboot},
+                 {"reset", factoryReset},
+                 {"scan", scan},
+                 {"disconnect", disconnectInBetween},
+                 {"close", closeInBetween}}};
     }
 
 private Q_SLOTS:
@@ -192,7 +216,7 @@ private Q_SLOTS:
     void everyFaultAgainstEverything_data()
     {
         QTest::addColumn<QString>("fault");
-        QTest::addColumn<int>("operation");
+        QTest::addColumn<Operation>("operation");
         const struct
         {
             const char *fault;
@@ -200,28 +224,20 @@ private Q_SLOTS:
         } faults[] = {{"drop=0.4", "drop"},           {"corrupt=0.4", "corrupt"}, {"truncate=0.4", "truncate"},
                       {"garbage=0.5", "garbage"},     {"delay=30", "delay"},      {"chunk", "chunk"},
                       {"echo", "echo"},               {"mute-after=2", "mute"},   {"vanish-after=2", "vanish"}};
-        const char *const operations[] = {"identify", "poll",       "write",      "reboot",
-                                          "reset",    "scan",       "disconnect", "close"};
         for (const auto &fault : faults) {
-            for (int operation = 0; operation < 8; ++operation) {
-                QTest::addRow("%s while %s", fault.name, operations[operation]) << QString(fault.fault) << operation;
-            }
+            for (const auto &operation : operations())
+                QTest::addRow("%s while %s", fault.name, operation.name) << QString(fault.fault) << operation.run;
         }
     }
 
     void everyFaultAgainstEverything()
     {
-        using Operation = void (TestFaults::*)(WatchedDesk &desk, bool mustWork);
-        constexpr Operation operations[] = {&TestFaults::identify,     &TestFaults::poll,
-                                            &TestFaults::write,        &TestFaults::reboot,
-                                            &TestFaults::factoryReset, &TestFaults::scan,
-                                            &TestFaults::disconnectInBetween, &TestFaults::closeInBetween};
         QFETCH(QString, fault);
-        QFETCH(int, operation);
+        QFETCH(Operation, operation);
         // Two replies are enough to be identified and polled once, and not for more.
         const bool isEnd = fault.contains("after");
         WatchedDesk desk(fault, m_allowed);
-        (this->*operations[operation])(desk, !isEnd);
+        operation(desk, !isEnd);
         QVERIFY2(desk.wrong.isEmpty(), qPrintable(desk.wrong.join(", ")));
         if (!fault.startsWith("vanish"))
             QCOMPARE(desk.watcher.boxes, QStringList());

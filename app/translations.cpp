@@ -16,10 +16,13 @@ static void initialiseCatalogues()
 namespace {
 
 /** @return whether @p folder has the catalogue @p name in the language of @p locale. */
-bool installCatalogue(QApplication &application, const QLocale &locale, const QString &name, const QString &folder)
+bool installCatalogue(QApplication &application, const QLocale &locale, const QString &name,
+                      const QString &folder)
 {
     auto translator = std::make_unique<QTranslator>();
-    if (!translator->load(locale, name, QStringLiteral("_"), folder) || !application.installTranslator(translator.get()))
+    if (!translator->load(locale, name, QStringLiteral("_"), folder))
+        return false;
+    if (!application.installTranslator(translator.get()))
         return false;
     translator.release()->setParent(&application);
     return true;
@@ -29,14 +32,19 @@ bool installCatalogue(QApplication &application, const QLocale &locale, const QS
 
 void installTranslations(QApplication &application, const QLocale &locale)
 {
+    installTranslations(application, locale.uiLanguages());
+}
+
+void installTranslations(QApplication &application, const QStringList &languages)
+{
     initialiseCatalogues();
     const QString own = QStringLiteral(":/translations");
     const QString qts = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-    const QStringList languages = locale.uiLanguages();
     for (const QString &name : languages) {
-        // One by one, since QTranslator passes over English, which has no catalogue, to whatever else the user reads.
+        // One by one, since QTranslator passes over English, which has no catalogue, to whatever else the user
+        // reads.
         const QLocale language(name);
-        if (language.language() == QLocale::English || language.language() == QLocale::C)
+        if (language.language() == QLocale::English || name == QLatin1String("C"))
             return;
         if (!installCatalogue(application, language, QStringLiteral("zelvar"), own))
             continue;

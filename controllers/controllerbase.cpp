@@ -10,10 +10,22 @@
 
 namespace {
 
-IZelvarField *fieldNamed(const char *name)
+IZelvarField *fieldNamed(const QString &name)
 {
     const auto &fields = ProcessWide<FieldHelper>::instance();
-    return fields ? fields->field(QString::fromLatin1(name)) : nullptr;
+    return fields ? fields->field(name) : nullptr;
+}
+
+/** The names of kModeLocks as they are looked up, which happens with each poll. */
+const std::array<QString, kModeLocks.size()> &lockedNames()
+{
+    static const auto names = [] {
+        std::array<QString, kModeLocks.size()> converted;
+        std::transform(kModeLocks.begin(), kModeLocks.end(), converted.begin(),
+                       [](const ModeLockRow &row) { return QString::fromLatin1(row.control); });
+        return converted;
+    }();
+    return names;
 }
 
 bool showsPlaceholder(const IUnitDataField &field)
@@ -25,11 +37,10 @@ bool showsPlaceholder(const IUnitDataField &field)
 } // namespace
 
 ControllerBase::ControllerBase()
-    : m_operatingMode(dynamic_cast<const IUnitDataField *>(fieldNamed("operatingModeComboBox"))),
-      m_inputMode(dynamic_cast<const IUnitDataField *>(fieldNamed("inputModeComboBox")))
+    : m_operatingMode(dynamic_cast<const IUnitDataField *>(fieldNamed(QStringLiteral("operatingModeComboBox")))),
+      m_inputMode(dynamic_cast<const IUnitDataField *>(fieldNamed(QStringLiteral("inputModeComboBox"))))
 {
-    std::transform(kModeLocks.begin(), kModeLocks.end(), m_controls.begin(),
-                   [](const ModeLockRow &row) { return fieldNamed(row.control); });
+    std::transform(lockedNames().begin(), lockedNames().end(), m_controls.begin(), fieldNamed);
 }
 
 void ControllerBase::applyLocks(OperatingMode mode) const

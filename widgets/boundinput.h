@@ -35,7 +35,6 @@ protected:
         // A turn of the wheel that scrolls the view must not take the focus either.
         if (this->focusPolicy() == Qt::WheelFocus)
             this->setFocusPolicy(Qt::StrongFocus);
-        ground::own(*this);
     }
 
     virtual Shown shown() const = 0;
@@ -55,6 +54,13 @@ protected:
     {
         if (!showsStored())
             display(m_stored);
+    }
+
+    bool event(QEvent *event) override
+    {
+        const bool isHandled = QtBase::event(event);
+        ground::declareOwn(*this, *event);
+        return isHandled;
     }
 
     void paintEvent(QPaintEvent *event) override

@@ -14,10 +14,7 @@ constexpr int StretchStep = 4;
 
 } // namespace
 
-FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent)
-{
-    ground::own(*this);
-}
+FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent) {}
 
 void FittedLabel::setText(const QString &text)
 {
@@ -39,6 +36,13 @@ void FittedLabel::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
     fit();
+}
+
+bool FittedLabel::event(QEvent *event)
+{
+    const bool isHandled = QLabel::event(event);
+    ground::declareOwn(*this, *event);
+    return isHandled;
 }
 
 void FittedLabel::paintEvent(QPaintEvent *event)

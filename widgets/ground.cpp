@@ -4,9 +4,10 @@
 #include <QPainter>
 #include <QWidget>
 
-void ground::own(QWidget &widget)
+void ground::declareOwn(QWidget &widget, const QEvent &event)
 {
-    widget.setAttribute(Qt::WA_OpaquePaintEvent);
+    if (event.type() == QEvent::Polish || event.type() == QEvent::StyleChange)
+        widget.setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void ground::paint(QWidget &widget, const QPaintEvent &event)

@@ -1,5 +1,6 @@
 #pragma once
 
+class QEvent;
 class QPaintEvent;
 class QWidget;
 
@@ -11,8 +12,8 @@ class QWidget;
  */
 namespace ground {
 
-/** Declares that @p widget paints its ground. */
-void own(QWidget &widget);
+/** Declares that @p widget paints its ground; to be called after it handled @p event, since style sheets revoke it. */
+void declareOwn(QWidget &widget, const QEvent &event);
 /** Paints the ground of @p widget, as the first thing for @p event: its parent, which is of one plain colour. */
 void paint(QWidget &widget, const QPaintEvent &event);
 

@@ -19,17 +19,24 @@ FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent) {}
 void FittedLabel::setText(const QString &text)
 {
     QLabel::setText(text);
+    m_widths.clear();
     fit();
 }
 
 QSize FittedLabel::sizeHint() const
 {
-    return {textWidth(stretchedFont(FullStretch)) + surroundings(), QLabel::sizeHint().height()};
+    return {textWidth(FullStretch) + surroundings(), QLabel::sizeHint().height()};
 }
 
 QSize FittedLabel::minimumSizeHint() const
 {
-    return {textWidth(stretchedFont(LeastStretch)) + surroundings(), QLabel::minimumSizeHint().height()};
+    return {textWidth(LeastStretch) + surroundings(), QLabel::minimumSizeHint().height()};
+}
+
+void FittedLabel::showEvent(QShowEvent *event)
+{
+    QLabel::showEvent(event);
+    fit();
 }
 
 void FittedLabel::resizeEvent(QResizeEvent *event)
@@ -40,6 +47,8 @@ void FittedLabel::resizeEvent(QResizeEvent *event)
 
 bool FittedLabel::event(QEvent *event)
 {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_widths.clear();
     const bool isHandled = QLabel::event(event);
     ground::declareOwn(*this, *event);
     return isHandled;
@@ -58,9 +67,12 @@ QFont FittedLabel::stretchedFont(int percent) const
     return stretched;
 }
 
-int FittedLabel::textWidth(const QFont &font) const
+int FittedLabel::textWidth(int stretch) const
 {
-    return QFontMetrics(font).horizontalAdvance(text());
+    const auto known = m_widths.constFind(stretch);
+    if (known != m_widths.constEnd())
+        return *known;
+    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(stretch)).horizontalAdvance(text()));
 }
 
 /** What the label needs beside its text. */
@@ -70,15 +82,18 @@ int FittedLabel::surroundings() const
     return margins.left() + margins.right() + 2 * (margin() + frameWidth());
 }
 
+/** Draws the letters together as far as needed; left to the time when the label is seen, since until then it grows. */
 void FittedLabel::fit()
 {
+    if (!isVisible())
+        return;
     const int available = width() - surroundings();
     int stretch = FullStretch;
-    while (stretch > LeastStretch && textWidth(stretchedFont(stretch)) > available)
+    while (stretch > LeastStretch && textWidth(stretch) > available)
         stretch -= StretchStep;
-    const QFont fitting = stretchedFont(stretch);
+    const bool isCut = textWidth(stretch) > available;
     const int current = font().stretch() == QFont::AnyStretch ? FullStretch : font().stretch();
     if (current != stretch)
-        setFont(fitting);
-    setToolTip(textWidth(fitting) > available ? text() : QString());
+        setFont(stretchedFont(stretch));
+    setToolTip(isCut ? text() : QString());
 }

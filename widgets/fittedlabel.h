@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QLabel>
 
 /**
@@ -19,12 +20,16 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     QFont stretchedFont(int percent) const;
-    int textWidth(const QFont &font) const;
+    int textWidth(int stretch) const;
     int surroundings() const;
     void fit();
+
+    /** Pixels of the text at a stretch; measuring is dear, and layouts ask again and again. */
+    mutable QHash<int, int> m_widths;
 };

@@ -16,6 +16,7 @@
 #include "search/searchdialog.h"
 #include "settings/settings.h"
 #include "settings/settingsdialog.h"
+#include "views/editview.h"
 #include "views/registerview.h"
 #include "widgets/uigrouphelper.h"
 
@@ -132,6 +133,7 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
 
     m_ui->setupUi(this);
     m_ui->tabWidget->setAutoFillBackground(true);
+    addViews();
     m_watch = std::make_unique<ConnectionWatch>();
     bindConnectionMachinery();
     setLinkUp(false);
@@ -186,7 +188,7 @@ void MainWindow::on_actionConnect_triggered()
     const auto servoId = static_cast<uint8_t>(m_idSpinBox->value());
     auto &groups = ProcessWide<UiGroupHelper>::instance();
     groups->linkUp();
-    m_ui->registerView->connectDevice();
+    m_registerView->connectDevice();
     m_watch->stop();
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
     setLinkUp(true);
@@ -198,7 +200,7 @@ void MainWindow::on_actionDisconnect_triggered()
     m_watch->stop();
     m_scheduler->stopScheduler();
     ProcessWide<UiGroupHelper>::instance()->linkDown();
-    m_ui->registerView->disconnectDevice();
+    m_registerView->disconnectDevice();
     setLinkUp(false);
     if (m_closeTimerId != 0)
         killTimer(m_closeTimerId);
@@ -233,6 +235,17 @@ void MainWindow::on_actionReset_triggered()
     run({&DeviceHelper::factoryReset, tr("Error occurred during factory reset operation"),
          tr("Error during factory reset of Zelvar servo id:%1"),
          tr("Factory reset of Zelvar servo id:%1 was successful")});
+}
+
+/** Fills the tabs; not in the form, which would make each view outside its tab and style all of it anew inside. */
+void MainWindow::addViews()
+{
+    auto *editView = new EditView(m_ui->unitFieldsTab);
+    editView->setObjectName(QStringLiteral("editView"));
+    m_ui->gridLayout->addWidget(editView);
+    m_registerView = new RegisterView(m_ui->registerFieldsTab);
+    m_registerView->setObjectName(QStringLiteral("registerView"));
+    m_ui->gridLayout_2->addWidget(m_registerView);
 }
 
 void MainWindow::bindConnectionMachinery()

@@ -8,6 +8,7 @@ class ConnectionWatch;
 class PollTarget;
 class QLabel;
 class QSpinBox;
+class RegisterView;
 class SearchDialog;
 class SerialHelper;
 class Settings;
@@ -51,6 +52,7 @@ private Q_SLOTS:
 private:
     struct OneShotOperation;
 
+    void addViews();
     void bindConnectionMachinery();
     void fillToolBar();
     void makeConnections();
@@ -67,6 +69,7 @@ private:
     void releaseHelpers();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
+    RegisterView *m_registerView = nullptr; ///< a child
     std::shared_ptr<Settings> m_settings;
     std::shared_ptr<SettingsDialog> m_settingsDialog;
     std::shared_ptr<SearchDialog> m_searchDialog;

@@ -1,3 +1,4 @@
+#include "app/framelimiter.h"
 #include "app/mainwindow.h"
 #include "app/translations.h"
 
@@ -13,6 +14,7 @@ int main(int argc, char *argv[])
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ostravel.ZelvarServoManager"));
     installTranslations(application, QLocale::system());
     MainWindow window(nullptr);
+    const FrameLimiter limiter(window);
     window.show();
     return QApplication::exec();
 }

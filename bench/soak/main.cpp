@@ -67,7 +67,8 @@ public:
         };
     }
 
-    bool isOver() const { return m_seen >= m_polls; }
+    /** The last write is looked for in the polls after it. */
+    bool isOver() const { return m_seen >= m_polls + PollsPerWrite; }
     int polls() const { return m_seen; }
     int writes() const { return m_written; }
     int lost() const { return m_lost; }
@@ -91,10 +92,12 @@ private:
             m_halfTimeMemory = residentKilobytes();
         if (isOver())
             m_loop.quit();
-        if (m_seen % PollsPerWrite != 0 || isOver())
+        if (m_seen % PollsPerWrite != 0)
             return;
         if (m_written > 0 && targetPosition() != m_written)
             ++m_lost;
+        if (isOver())
+            return;
         ++m_written;
         QByteArray block;
         for (int i = 0; i < 4; ++i)

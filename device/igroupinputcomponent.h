@@ -8,12 +8,12 @@ public:
 
     /** Enables or disables editing and clears the dirty mark; a locked control ignores it. */
     virtual void setEditable(bool enable) = 0;
-    /** Whether the user has changed the value away from the servo's. */
-    virtual bool isDirty() const = 0;
-    /** Whether the connected device has the field but no value of it has arrived yet. */
-    virtual bool awaitsValue() const = 0;
     /** Puts the last value from the servo back and ends editing. */
     virtual void restoreValue() = 0;
     /** The signal of the concrete widget: it turned dirty (true) or clean again (false). */
     virtual void setIsDirty(bool dirty) = 0;
+    /** Whether the user has changed the value away from the servo's. */
+    virtual bool isDirty() const = 0;
+    /** Whether the connected device has the field but no value of it has arrived yet. */
+    virtual bool awaitsValue() const = 0;
 };

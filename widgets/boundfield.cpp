@@ -215,7 +215,7 @@ BoundField::Range BoundField::shownRange() const
 
 QString BoundField::toolTipText(const IDevice &device) const
 {
-    const QString registers = FieldToolTip::registerText(device, objectName());
+    QString registers = FieldToolTip::registerText(device, objectName());
     if (registers.isEmpty() || !m_limits || !isNumber())
         return registers;
     // As it may be typed: without the separators that the controls refuse.

@@ -3,7 +3,7 @@
 
 #include "link/serialhelper.h"
 #include "search/searchhelper.h"
-#include "serialport/serialportitem.h"
+#include "settings/portlist.h"
 #include "settings/settings.h"
 
 #include <QButtonGroup>
@@ -70,7 +70,7 @@ SearchDialog::SearchDialog(std::shared_ptr<SerialHelper> serialHelper)
     m_rememberedUpper = m_ui->upperSearchRangeSpinBox->value();
     groupBaudRates();
     makeConnections();
-    fillPortList();
+    listPorts();
 }
 
 SearchDialog::~SearchDialog()
@@ -136,7 +136,7 @@ void SearchDialog::abortScan()
 
 void SearchDialog::show()
 {
-    fillPortList();
+    listPorts();
     m_ui->serialPortInfoListBox->setCurrentText(m_settings->value(PortNameKey, QString()).toString());
     QDialog::show();
     m_ui->selectPushButton->setFocus();
@@ -244,22 +244,10 @@ void SearchDialog::makeConnections()
     connect(m_ui->servoTreeWidget, SIGNAL(itemSelectionChanged()), this, SLOT(on_itemClicked()));
 }
 
-/** Lists the ports present now and keeps the chosen one, if it still is among them. */
-void SearchDialog::fillPortList()
+/** Lists the ports present now, adapters that came since the last time too; the chosen one stays while it is there. */
+void SearchDialog::listPorts()
 {
-    QComboBox *box = m_ui->serialPortInfoListBox;
-    const QString chosen = box->currentText();
-    box->clear();
-    for (const auto &port : m_serialHelper->getSerialPortList()) {
-        const auto orNotAvailable = [](const QString &text) { return text.isEmpty() ? tr("N/A") : text; };
-        const auto hexadecimal = [](quint16 number) { return number ? QString::number(number, 16) : tr("N/A"); };
-        box->addItem(port->getPortName(),
-                     QStringList{port->getPortName(), orNotAvailable(port->getDescription()),
-                                 orNotAvailable(port->getManufacturer()), port->getSystemLocation(),
-                                 hexadecimal(port->getVendorIdentifier()),
-                                 hexadecimal(port->getProductIdentifier())});
-    }
-    box->setCurrentText(chosen);
+    fillPortList(*m_ui->serialPortInfoListBox, m_serialHelper->getSerialPortList(), tr("N/A"));
 }
 
 void SearchDialog::reset()

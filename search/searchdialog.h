@@ -53,7 +53,7 @@ public Q_SLOTS:
     void cancel();
     /** Returns when the scan is over; does nothing while one is running. */
     void scan();
-    /** The scan ends when the ids of the current baud rate are through. */
+    /** The scan ends when the ids of the baud rate that it is at, or is about to begin with, are through. */
     void abortScan();
     void show();
     void on_lowerIdValueChanged(int value);
@@ -71,7 +71,7 @@ protected:
 private:
     void groupBaudRates();
     void makeConnections();
-    void fillPortList();
+    void listPorts();
     void reset();
     int checkedBaudRates() const;
     void showSelectAll(Qt::CheckState state);

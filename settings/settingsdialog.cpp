@@ -2,6 +2,7 @@
 #include "ui_settingsdialog.h"
 
 #include "link/serialhelper.h"
+#include "settings/portlist.h"
 #include "settings/settings.h"
 
 #include <QIntValidator>
@@ -42,28 +43,7 @@ constexpr Choice Parities[] = {
 };
 constexpr int EightDataBits = 3; // index of the entry
 
-/** What stands where in the string list that each entry of the port list carries. */
-enum PortDetail
-{
-    PortName,
-    Description,
-    Manufacturer,
-    Location,
-    VendorIdentifier,
-    ProductIdentifier,
-};
-
 SettingsDialog *theDialog = nullptr;
-
-QString orNotAvailable(const QString &text)
-{
-    return text.isEmpty() ? SettingsDialog::tr("N/A") : text;
-}
-
-QString identifierText(quint16 identifier)
-{
-    return orNotAvailable(identifier ? QString::number(identifier, 16) : QString());
-}
 
 } // namespace
 
@@ -229,16 +209,7 @@ void SettingsDialog::fillPorts()
     const QString chosen = list->currentText();
     {
         const QSignalBlocker blocker(list);
-        list->clear();
-        for (const auto &port : m_serialHelper->getSerialPortList()) {
-            const QStringList details{port->getPortName(),
-                                      orNotAvailable(port->getDescription()),
-                                      orNotAvailable(port->getManufacturer()),
-                                      port->getSystemLocation(),
-                                      identifierText(port->getVendorIdentifier()),
-                                      identifierText(port->getProductIdentifier())};
-            list->addItem(port->getPortName(), details);
-        }
+        fillPortList(*list, m_serialHelper->getSerialPortList(), tr("N/A"));
         // The stored port comes back when its adapter does, unless the user has chosen one that is still there.
         list->setCurrentText(m_portStore->value(PortNameKey, QString()).toString());
         list->setCurrentText(chosen);

@@ -1,0 +1,21 @@
+#include "settings/portlist.h"
+
+#include "serialport/serialportitem.h"
+
+#include <QComboBox>
+
+void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,
+                  const QString &notAvailable)
+{
+    const auto told = [&](const QString &text) { return text.isEmpty() ? notAvailable : text; };
+    const auto identifier = [&](quint16 number) { return number ? QString::number(number, 16) : notAvailable; };
+    const QString chosen = list.currentText();
+    list.clear();
+    for (const auto &port : ports) {
+        list.addItem(port->getPortName(),
+                     QStringList{port->getPortName(), told(port->getDescription()), told(port->getManufacturer()),
+                                 port->getSystemLocation(), identifier(port->getVendorIdentifier()),
+                                 identifier(port->getProductIdentifier())});
+    }
+    list.setCurrentText(chosen);
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+class QComboBox;
+class QString;
+class SerialPortItem;
+
+/** What stands where in the string list that each entry of a list of ports carries as its data. */
+enum PortDetail
+{
+    PortName,
+    Description,
+    Manufacturer,
+    Location,
+    VendorIdentifier,  ///< hexadecimal
+    ProductIdentifier, ///< hexadecimal
+};
+
+/**
+ * Fills @p list with @p ports, in place of what it had; the text chosen in it stays chosen while it is among them.
+ * What a port does not tell reads @p notAvailable.
+ */
+void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,
+                  const QString &notAvailable);

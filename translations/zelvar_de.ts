@@ -316,12 +316,12 @@
         <translation>Was der Servo mit jeder seiner Antworten mitteilt. Ein Kästchen wird rot, wenn der Servo einen Befehl nicht verstanden hat oder nicht ausführen konnte.</translation>
     </message>
     <message>
-        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
-        <translation>Einstellungen, die der Servo auch ohne Strom behält. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ alle in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bearbeiten lassen sie sich nur, solange der Motor ausgeschaltet ist. Eine neue ID oder Baudrate gilt sofort: Um den Servo zu erreichen, die Verbindung trennen und neu herstellen.</translation>
+        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write what you changed to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
+        <translation>Einstellungen, die der Servo auch ohne Strom behält. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ das Geänderte in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bearbeiten lassen sie sich nur, solange der Motor ausgeschaltet ist. Eine neue ID oder Baudrate gilt sofort: Um den Servo zu erreichen, die Verbindung trennen und neu herstellen.</translation>
     </message>
     <message>
-        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
-        <translation>Ziele und Regelparameter, denen der Servo folgt, bis er ausgeschaltet wird; danach beginnt er wieder mit seinen Vorgaben. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ alle in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bei eingeschaltetem Motor bewegt sich der Servo, sobald sie angewendet sind.</translation>
+        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write what you changed to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
+        <translation>Ziele und Regelparameter, denen der Servo folgt, bis er ausgeschaltet wird; danach beginnt er wieder mit seinen Vorgaben. Auf „Bearbeiten“ drücken, sie ändern und mit „Anwenden“ das Geänderte in den Servo schreiben oder ihn mit „Abbrechen“ lassen, wie er ist. Bei eingeschaltetem Motor bewegt sich der Servo, sobald sie angewendet sind.</translation>
     </message>
     <message>
         <source>Proportional term of the position</source>

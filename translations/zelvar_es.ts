@@ -316,12 +316,12 @@
         <translation>Lo que el servo comunica con cada una de sus respuestas. Una casilla se vuelve roja cuando el servo no ha entendido una instrucción o no ha podido ejecutarla.</translation>
     </message>
     <message>
-        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
-        <translation>Ajustes que el servo conserva sin alimentación. Pulse «Editar», cámbielos y pulse «Aplicar» para escribirlos todos en el servo, o «Cancelar» para dejarlo como está. Solo se pueden editar mientras el motor no está activado. Un nuevo ID o una nueva velocidad rigen de inmediato: desconecte y vuelva a conectar para acceder al servo.</translation>
+        <source>Settings that the servo keeps while it is without power. Press Edit, change them, and press Apply to write what you changed to the servo, or Cancel to leave it as it is. They can be edited only while the motor is not enabled. A new ID or baud rate holds at once: disconnect and connect again to reach the servo.</source>
+        <translation>Ajustes que el servo conserva sin alimentación. Pulse «Editar», cámbielos y pulse «Aplicar» para escribir lo cambiado en el servo, o «Cancelar» para dejarlo como está. Solo se pueden editar mientras el motor no está activado. Un nuevo ID o una nueva velocidad rigen de inmediato: desconecte y vuelva a conectar para acceder al servo.</translation>
     </message>
     <message>
-        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write all of them to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
-        <translation>Objetivos y parámetros de control que el servo sigue hasta que se apaga; después vuelve a empezar con sus valores predeterminados. Pulse «Editar», cámbielos y pulse «Aplicar» para escribirlos todos en el servo, o «Cancelar» para dejarlo como está. Con el motor activado, el servo se mueve en cuanto se aplican.</translation>
+        <source>Targets and control settings that the servo follows until it is switched off; it then starts with its defaults again. Press Edit, change them, and press Apply to write what you changed to the servo, or Cancel to leave it as it is. With the motor enabled, the servo moves as soon as they are applied.</source>
+        <translation>Objetivos y parámetros de control que el servo sigue hasta que se apaga; después vuelve a empezar con sus valores predeterminados. Pulse «Editar», cámbielos y pulse «Aplicar» para escribir lo cambiado en el servo, o «Cancelar» para dejarlo como está. Con el motor activado, el servo se mueve en cuanto se aplican.</translation>
     </message>
     <message>
         <source>Proportional term of the position</source>

@@ -113,6 +113,8 @@ constexpr double RadiansPerStep = 300.0 / 180 * Pi / FullScale;
 constexpr double SpeedStep = 0.111 * 2 * Pi / 60; ///< rad/s
 constexpr double GreatestCurrent = 1.5;           ///< A at the torque limit 1023
 constexpr double VoltageStep = 0.1;               ///< V
+constexpr double NearlyAll = 0.99;                ///< of the torque limit
+constexpr SimulationTime OverloadTime = std::chrono::milliseconds(500);
 constexpr int AcknowledgeMicroseconds = 2;
 constexpr int ReadParameters = 1 + 1; ///< address and length
 constexpr int AddressSize = 1;
@@ -175,6 +177,7 @@ void Ax12Servo::restoreNonVolatileRegisters(const RegisterValues &values)
 void Ax12Servo::advance(SimulationTime now)
 {
     m_drive.advance(now);
+    watchLoad(now);
     refreshRegisters();
     shutDownOnAlarm();
 }
@@ -307,10 +310,12 @@ void Ax12Servo::applyRegisters()
 {
     m_drive.setTemperatureLimit(m_registers.value(TemperatureLimit));
     m_drive.setMotion(motionSettings());
-    if (m_registers.value(TorqueEnable))
+    if (m_registers.value(TorqueEnable)) {
+        m_isOverloaded = false;
         m_drive.switchOn();
-    else
+    } else {
         m_drive.switchOff();
+    }
     refreshRegisters();
 }
 
@@ -336,7 +341,23 @@ quint8 Ax12Servo::standingErrors() const
         errors |= wire::VoltageErrorBit;
     if (m_drive.isOverheated())
         errors |= wire::OverheatingErrorBit;
+    if (m_isOverloaded)
+        errors |= wire::OverloadErrorBit;
     return errors;
+}
+
+/** With all the torque that it may use, the shaft does not turn: more load than it can move, if that goes on. */
+void Ax12Servo::watchLoad(SimulationTime now)
+{
+    const double limit = motionSettings().currentLimit;
+    const MotorModel &motor = m_drive.motor();
+    if (!m_drive.isOn() || limit <= 0 || motor.velocity() != 0 || std::abs(motor.current()) < NearlyAll * limit) {
+        m_stalledSince.reset();
+        return;
+    }
+    if (!m_stalledSince)
+        m_stalledSince = now;
+    m_isOverloaded |= now - *m_stalledSince >= OverloadTime;
 }
 
 void Ax12Servo::shutDownOnAlarm()

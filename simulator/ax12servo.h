@@ -4,6 +4,8 @@
 #include "simulator/registertable.h"
 #include "simulator/servodrive.h"
 
+#include <optional>
+
 /** An AX-12: 50 registers, 1.0 framing, a joint of 300° or, with both angle limits 0, a wheel. */
 class Ax12Servo : public ISimulatedServo
 {
@@ -41,8 +43,11 @@ private:
     void applyRegisters();
     void refreshRegisters();
     quint8 standingErrors() const;
+    void watchLoad(SimulationTime now);
     void shutDownOnAlarm();
 
     RegisterTable m_registers;
     ServoDrive m_drive;
+    std::optional<SimulationTime> m_stalledSince;
+    bool m_isOverloaded = false; ///< until it is told again what to do
 };

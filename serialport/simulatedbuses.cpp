@@ -73,7 +73,7 @@ std::vector<Bus> published()
         return buses;
     const auto entries = QDir(path).entryInfoList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
     for (const QFileInfo &entry : entries) {
-        if (!entry.isSymLink())
+        if (!entry.isSymLink() || entry.fileName().endsWith(QLatin1String(UnfinishedSuffix)))
             continue;
         if (!isAlive(entry.fileName()))
             QFile::remove(entry.filePath());

@@ -14,6 +14,9 @@ struct Bus
     QString device; ///< the serial device file behind the link
 };
 
+/** How the names of links end that a simulator is about to put in place; they are nobody else's business. */
+constexpr const char *UnfinishedSuffix = ".tmp";
+
 /** The folder of the links; not made by this call. Empty when the system gives the user no safe place for one. */
 QString folder();
 /** The link that publishes the bus @p name. */

@@ -2,7 +2,6 @@
 
 #include "serialport/simulatedbuses.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -52,8 +51,7 @@ QString link(const QString &path, const QString &device)
     const QFileInfo info(path);
     if (info.exists() && !info.isSymLink())
         return QStringLiteral("cannot make the link %1: something else is there").arg(path);
-    const QByteArray temporary =
-        QFile::encodeName(path + QStringLiteral(".%1.tmp").arg(QCoreApplication::applicationPid()));
+    const QByteArray temporary = QFile::encodeName(path + QLatin1String(simulatedbuses::UnfinishedSuffix));
     unlink(temporary.constData());
     if (symlink(QFile::encodeName(device).constData(), temporary.constData()) == 0) {
         if (std::rename(temporary.constData(), QFile::encodeName(path).constData()) == 0)

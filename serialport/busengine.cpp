@@ -102,9 +102,9 @@ void BusEngine::close()
 
 bool BusEngine::submit(const BusRequest &request, Notification onReply)
 {
+    ++m_newest; // refused or not: whoever asks has no use any more for a reply to what was asked before
     if (!isAcceptable(request))
         return false;
-    ++m_newest;
     if (joinReadUnderWay(request, onReply))
         return true;
     enqueue(request, std::move(onReply));

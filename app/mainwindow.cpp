@@ -192,6 +192,7 @@ void MainWindow::on_actionConnect_triggered()
     m_watch->stop();
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
     setLinkUp(true);
+    // Last, so that everything is there when the answer comes, however soon that is.
     ProcessWide<DeviceHelper>::instance()->identify(servoId);
 }
 

@@ -6,8 +6,6 @@
 #include "tests/support/ptypeer.h"
 #include "tests/support/testenvironment.h"
 
-#include <QSignalSpy>
-
 using namespace wire;
 
 namespace {
@@ -45,13 +43,14 @@ QByteArray ax12(const Packet &instruction)
                              registers(quint8(instruction.parameters[0]), quint8(instruction.parameters[1])));
 }
 
-/** What a test sees of one request: its replies, in order. */
+/** A client on a line with a scripted servo at its other end. */
 struct Client
 {
+    PtyPeer peer;
     ZelvarSerialPortInterface port{nullptr, 2};
-    QList<QByteArray> replies;
+    QByteArrayList replies; ///< in order
 
-    explicit Client(const PtyPeer &peer)
+    explicit Client(PtyPeer::Script script) : peer(std::move(script))
     {
         const QString error = port.openSerialPort(peer.path(), BaudRate);
         if (!error.isEmpty())
@@ -93,65 +92,58 @@ class TestBusEngine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aReadIsAnsweredWhole_data()
-    {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<bool>("echo");
-        QTest::newRow("clean") << QByteArray() << false;
-        QTest::newRow("another servo's packet") << protocol2::encodeStatus(9, 0, registers(0, 118)) << false;
-        QTest::newRow("late answer to another read") << protocol2::encodeStatus(ServoId, 0, registers(0, 4)) << false;
-        QTest::newRow("packet with a wrong CRC")
-            << protocol2::encodeStatus(ServoId, 0, registers(0, 118)).replace(20, 1, "\xAA") << false;
-        QTest::newRow("echo") << QByteArray() << true;
-    }
-
     void aReadIsAnsweredWhole()
     {
-        QFETCH(QByteArray, before);
-        QFETCH(bool, echo);
-        for (const auto &servo : {zelvarServo, ax12}) {
-            PtyPeer peer([&](const Packet &instruction) {
-                const QByteArray reply = servo(instruction);
-                return reply.isEmpty() ? reply : (echo ? instruction.raw : QByteArray()) + before + reply;
-            });
-            Client client(peer);
-            QVERIFY(client.read(0, 118));
-            QTRY_COMPARE(client.replies.size(), 1);
-            QCOMPARE(client.replies[0].size(), 118 + 11);
-            QCOMPARE(client.replies[0].mid(9, 118), registers(0, 118));
+        const QByteArray packet = protocol2::encodeStatus(ServoId, 0, registers(0, 118));
+        const std::tuple<const char *, QByteArray, bool> rows[] = {
+            {"clean",                       {},                                                      false},
+            {"another servo's packet",      protocol2::encodeStatus(9, 0, registers(0, 118)),        false},
+            {"late answer to another read", protocol2::encodeStatus(ServoId, 0, registers(0, 4)),    false},
+            {"packet with a wrong CRC",     QByteArray(packet).replace(20, 1, "\xAA"),               false},
+            {"echo",                        {},                                                      true },
+        };
+        for (const auto &[name, before, echo] : rows) {
+            for (const auto &servo : {zelvarServo, ax12}) {
+                const InRow row(name);
+                Client client([&, noise = before, isEchoed = echo](const Packet &instruction) {
+                    const QByteArray reply = servo(instruction);
+                    return reply.isEmpty() ? reply : (isEchoed ? instruction.raw : QByteArray()) + noise + reply;
+                });
+                QVERIFY(client.read(0, 118));
+                QTRY_COMPARE(client.replies.size(), 1);
+                QCOMPARE(client.replies[0].size(), 118 + 11);
+                QCOMPARE(client.replies[0].mid(9, 118), registers(0, 118));
+            }
         }
     }
 
     void equalReadsJoinTheOneUnderWay()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         int earlier = 0;
         client.port.readData(ServoId, 0, 8, [&] { ++earlier; });
         for (int i = 0; i < 10; ++i)
             client.read(0, 8);
         QTRY_COMPARE(client.replies.size(), 1);
         QCOMPARE(earlier, 0);
-        QCOMPARE(peer.receivedCount(), 1);
+        QCOMPARE(client.peer.receivedCount(), 1);
     }
 
     void aNewerReadTakesTheWaitingOnesPlace()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         client.getAcquainted();
         client.read(10, 1);
         client.read(20, 1);
         client.read(30, 1);
         QTRY_COMPARE(client.replies.size(), 1);
         QCOMPARE(client.replies[0].mid(9, 1), registers(30, 1));
-        QCOMPARE(peer.received().mid(1).size(), 2); // the one under way and the newest
+        QCOMPARE(client.peer.received().mid(1).size(), 2); // the one under way and the newest
     }
 
     void writesKeepTheirOrderAndReadsSeeThem()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         client.getAcquainted();
         client.read(0, 4);
         client.write(50, "a");
@@ -160,8 +152,8 @@ private Q_SLOTS:
         client.write(50, "c");
         client.read(0, 4);
         QTRY_COMPARE(client.replies.size(), 1); // the newest request's only
-        QCOMPARE(instructionsOf(peer).mid(1), (QList<int>{Read, Write, Write, Write, Read}));
-        const auto packets = peer.received();
+        QCOMPARE(instructionsOf(client.peer).mid(1), (QList<int>{Read, Write, Write, Write, Read}));
+        const auto packets = client.peer.received();
         QCOMPARE(packets[2].parameters, protocol2::writeParameters(50, "a"));
         QCOMPARE(packets[3].parameters, protocol2::writeParameters(60, "b"));
         QCOMPARE(packets[4].parameters, protocol2::writeParameters(50, "c"));
@@ -169,53 +161,61 @@ private Q_SLOTS:
 
     void whatGetsNoAnswerIsRepeated()
     {
-        for (const bool isWrite : {true, false}) {
-            std::atomic<bool> mute{false};
-            PtyPeer peer([&](const Packet &instruction) {
-                const bool isLast = instruction.parameters.startsWith(littleEndian16(99));
-                return mute && !isLast ? QByteArray() : zelvarServo(instruction);
-            });
-            Client client(peer);
-            client.getAcquainted();
-            mute = true;
-            isWrite ? client.write(50, "a") : client.read(50, 1);
-            const int packets = 1 + (isWrite ? 6 : 3);
-            QTRY_COMPARE(peer.receivedCount(), packets);
-            client.write(99, "z"); // what comes next goes out in spite of it
-            QTRY_COMPARE(client.replies.size(), 1);
-            QCOMPARE(peer.receivedCount(), packets + 1);
+        std::atomic<bool> mute{false};
+        const auto script = [&mute](const Packet &instruction) {
+            const bool isLast = instruction.parameters.startsWith(littleEndian16(99));
+            return mute && !isLast ? QByteArray() : zelvarServo(instruction);
+        };
+        Client reader(script);
+        Client writer(script);
+        reader.getAcquainted();
+        mute = true;
+        reader.read(50, 1);
+        writer.write(50, "a");
+        QTRY_COMPARE(writer.peer.receivedCount(), 6);
+        QCOMPARE(reader.peer.receivedCount(), 1 + 3); // there has been time for a fourth
+        for (Client *client : {&reader, &writer}) {
+            client->write(99, "z"); // what comes next goes out in spite of it
+            QTRY_COMPARE(client->replies.size(), 1);
+            QCOMPARE(client->peer.receivedCount(), client == &reader ? 1 + 3 + 1 : 6 + 1);
+            for (const Packet &packet : client->peer.received()) // above all, no write is sent in a guessed framing
+                QCOMPARE(packet.framing, Framing::Protocol2);
         }
     }
 
     void aReadThatIsNoLongerTheNewestIsNotRepeated()
     {
         std::atomic<bool> mute{false};
-        PtyPeer peer([&](const Packet &instruction) {
+        Client client([&](const Packet &instruction) {
             return mute && instruction.instruction == Read ? QByteArray() : zelvarServo(instruction);
         });
-        Client client(peer);
         client.getAcquainted();
         mute = true;
         client.read(0, 4);
         client.write(50, "a");
         QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(instructionsOf(peer).mid(1), (QList<int>{Read, Write}));
+        QCOMPARE(instructionsOf(client.peer).mid(1), (QList<int>{Read, Write}));
     }
 
-    void damagedRequestsAreRepeatedAndRefusedReadsAreNotData()
+    void damagedRequestsAreRepeatedOnASilentLineAndRefusedReadsAreNotData()
     {
         std::atomic<int> count{0};
-        PtyPeer peer([&](const Packet &instruction) {
-            ++count;
-            if (count <= 2)
-                return protocol2::encodeStatus(instruction.id, ChecksumError, {});
+        std::atomic<qint64> shortestSilence{1000};
+        QElapsedTimer silence; // used in the peer's thread only
+        Client client([&](const Packet &instruction) {
+            if (++count <= 3 && silence.isValid())
+                shortestSilence = qMin(shortestSilence.load(), silence.elapsed());
+            silence.start();
+            if (count <= 2) // and an answer to what was given up is still on its way
+                return protocol2::encodeStatus(instruction.id, ChecksumError, {}) +
+                       protocol2::encodeStatus(instruction.id, 0, {});
             return instruction.instruction == Read ? protocol2::encodeStatus(instruction.id, AccessError, {})
                                                    : zelvarServo(instruction);
         });
-        Client client(peer);
         client.write(50, "a");
         QTRY_COMPARE(client.replies.size(), 1);
         QCOMPARE(count.load(), 3);
+        QVERIFY(shortestSilence >= 3);
         client.read(0, 4);
         QTRY_COMPARE(count.load(), 4);
         client.write(50, "b");
@@ -224,10 +224,21 @@ private Q_SLOTS:
         QCOMPARE(count.load(), 5);
     }
 
+    void aLateAnswerInTheFirstFramingStillCounts()
+    {
+        Client client([](const Packet &instruction) { // held back until the other framing has been tried
+            return instruction.framing == Framing::Protocol1
+                       ? protocol2::encodeStatus(instruction.id, 0, registers(0, 2))
+                       : QByteArray();
+        });
+        client.read(0, 2);
+        QTRY_COMPARE(client.replies.size(), 1);
+        QCOMPARE(client.replies[0].mid(9, 2), registers(0, 2));
+    }
+
     void theFramingIsFoundOutOnceAndRemembered()
     {
-        PtyPeer peer(ax12);
-        Client client(peer);
+        Client client(ax12);
         client.read(0, 3);
         QTRY_COMPARE(client.replies.size(), 1);
         QCOMPARE(client.replies[0].mid(5, 2), registers(0, 2));
@@ -236,75 +247,64 @@ private Q_SLOTS:
         client.write(24, "a");
         QTRY_COMPARE(client.replies.size(), 3);
         QList<Framing> framings;
-        for (const Packet &packet : peer.received())
+        for (const Packet &packet : client.peer.received())
             framings.append(packet.framing);
         QCOMPARE(framings, (QList<Framing>{Framing::Protocol2, Framing::Protocol1, Framing::Protocol1,
                                            Framing::Protocol1}));
 
-        client.port.openSerialPort(peer.path(), BaudRate); // another session: it may be another servo
+        client.port.openSerialPort(client.peer.path(), BaudRate); // another session: it may be another servo
         client.read(0, 3);
         QTRY_COMPARE(client.replies.size(), 4);
-        QCOMPARE(peer.received()[4].framing, Framing::Protocol2);
-    }
-
-    void rebootAndResetRunToTheEndInsideTheCall_data()
-    {
-        QTest::addColumn<bool>("isReset");
-        QTest::addColumn<bool>("isAx12");
-        QTest::addColumn<int>("replies");
-        QTest::addColumn<int>("packets");
-        QTest::newRow("reboot") << false << false << 1 << 1;
-        QTest::newRow("reset") << true << false << 1 << 1;
-        QTest::newRow("reset of an AX-12") << true << true << 1 << 2;
-        QTest::newRow("reboot of an AX-12, which cannot") << false << true << 0 << 1;
+        QCOMPARE(client.peer.received()[4].framing, Framing::Protocol2);
     }
 
     void rebootAndResetRunToTheEndInsideTheCall()
     {
-        QFETCH(bool, isReset);
-        QFETCH(bool, isAx12);
-        PtyPeer peer([&](const Packet &instruction) {
-            return isAx12 ? ax12(instruction) : protocol2::encodeStatus(instruction.id, AlertBit, {});
-        });
-        Client client(peer);
-        QVERIFY(isReset ? client.port.reset(ServoId, client.collect())
-                        : client.port.reboot(ServoId, client.collect()));
-        client.port.closeSerialPort();
-        QTEST(client.replies.size(), "replies");
-        for (const QByteArray &reply : client.replies)
-            QCOMPARE(reply, protocol1::encode(ServoId, 0, {})); // the alert bit is no failure of the command
-        QTEST(peer.receivedCount(), "packets");
-        if (isReset)
-            QCOMPARE(peer.received()[0].parameters, QByteArray(1, char(ResetAllButIdAndBaudRate)));
+        const std::tuple<const char *, bool, bool, int, int> rows[] = {
+            {"reboot",                          false, false, 1, 1},
+            {"reset",                           true,  false, 1, 1},
+            {"reset of an AX-12",               true,  true,  1, 2},
+            {"reboot of an AX-12, which cannot", false, true, 0, 1},
+        };
+        for (const auto &[name, isReset, isAx12, replies, packets] : rows) {
+            const InRow row(name);
+            Client client([speaks1 = isAx12](const Packet &instruction) {
+                return speaks1 ? ax12(instruction) : protocol2::encodeStatus(instruction.id, AlertBit, {});
+            });
+            QVERIFY(isReset ? client.port.reset(ServoId, client.collect())
+                            : client.port.reboot(ServoId, client.collect()));
+            client.port.closeSerialPort();
+            // The alert bit is no failure of the command.
+            QCOMPARE(client.replies.join(), protocol1::encode(ServoId, 0, {}).repeated(replies));
+            QCOMPARE(client.peer.receivedCount(), packets);
+            if (isReset)
+                QCOMPARE(client.peer.received()[0].parameters, QByteArray(1, char(ResetAllButIdAndBaudRate)));
+        }
     }
 
     void queuedWritesGoOutBeforeAReboot()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         client.write(50, "a");
         client.write(60, "b");
         client.read(0, 1);
         QVERIFY(client.port.reboot(ServoId, client.collect()));
-        QCOMPARE(instructionsOf(peer), (QList<int>{Write, Write, Read, Reboot}));
+        QCOMPARE(instructionsOf(client.peer), (QList<int>{Write, Write, Read, Reboot}));
         QCOMPARE(client.replies.size(), 1);
     }
 
     void aLostPortIsReportedOnce()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         client.getAcquainted();
         QSignalSpy lost(&client.port, &ZelvarSerialPortInterface::connectionLost);
         client.read(0, 118);
-        peer.hangUp();
+        client.peer.hangUp();
         client.write(50, "a"); // some systems notice only when something is sent
         client.write(50, "b");
         QTRY_COMPARE(lost.size(), 1);
-        QVERIFY(lost[0][0].toString().contains(peer.path()));
-        QVERIFY(!client.read(0, 1));
-        QVERIFY(!client.write(50, "a"));
-        QVERIFY(!client.port.reboot(ServoId, client.collect()));
+        QVERIFY(lost[0][0].toString().contains(client.peer.path()));
+        QVERIFY(!client.read(0, 1) && !client.write(50, "a") && !client.port.reboot(ServoId, client.collect()));
         QCoreApplication::processEvents();
         QCOMPARE(lost.size(), 1);
         client.port.closeSerialPort();
@@ -312,28 +312,24 @@ private Q_SLOTS:
 
     void openingSaysWhatToDo()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         ZelvarSerialPortInterface second(nullptr, 2);
         QVERIFY(second.openSerialPort({}, BaudRate).contains("No serial port is chosen"));
         QVERIFY(second.openSerialPort("ttyNotThere7", BaudRate).contains("was not found"));
         QVERIFY(second.openSerialPort("/dev/null", BaudRate).contains("could not be opened"));
         QVERIFY(second.openSerialPort("ttyNotThere7", 0).contains("refuses the baud rate 0"));
-        QVERIFY(second.openSerialPort(peer.path(), BaudRate).contains("in use by another program"));
+        QVERIFY(second.openSerialPort(client.peer.path(), BaudRate).contains("in use by another program"));
         QVERIFY(!second.readData(1, 0, 1, [] {}));
         client.getAcquainted(); // and the one that uses it is not disturbed
     }
 
     void aClosedPortTakesNothing()
     {
-        PtyPeer peer(zelvarServo);
-        Client client(peer);
+        Client client(zelvarServo);
         client.read(0, 4);
         client.port.closeSerialPort();
-        QVERIFY(!client.read(0, 4));
-        QVERIFY(!client.write(0, "a"));
-        QVERIFY(!client.port.reset(ServoId, client.collect()));
-        client.port.openSerialPort(peer.path(), BaudRate);
+        QVERIFY(!client.read(0, 4) && !client.write(0, "a") && !client.port.reset(ServoId, client.collect()));
+        client.port.openSerialPort(client.peer.path(), BaudRate);
         client.getAcquainted(); // and what it had taken before is forgotten
     }
 };

@@ -5,10 +5,6 @@
 #include "widgets/zelvardoublespinbox.h"
 #include "widgets/zelvarspinbox.h"
 
-#include <QCheckBox>
-#include <QRandomGenerator>
-#include <QSignalSpy>
-
 namespace {
 /** Where a field's value stands in the servo. */
 struct Place
@@ -21,10 +17,7 @@ struct Place
     bool isVolatile() const { return address >= 48; }
     const char *group() const { return isVolatile() ? "v" : "nv"; }
     /** The registers that are written together with it. */
-    QByteArray block(const QByteArray &table) const
-    {
-        return isVolatile() ? table.mid(48, 60) : table.mid(3, 38);
-    }
+    QByteArray block(const QByteArray &table) const { return isVolatile() ? table.mid(48, 60) : table.mid(3, 38); }
 };
 
 // clang-format off
@@ -76,26 +69,17 @@ quint32 registerBits(const Place &place, int value)
     return place.mask == 0x8000 ? (value > 0 ? 0x8000u : 0u) : quint32(value);
 }
 
-QByteArray jointTable()
-{
-    QByteArray table(ConnectedEditView::TableSize, '\0');
-    table[6] = 2;
-    return table;
-}
-
 /** Changes a control to something else, as its user would be able to. */
 void change(QWidget &control, QRandomGenerator &random)
 {
     if (auto *list = qobject_cast<ZelvarComboBox *>(&control))
-        list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) %
-                              (list->count() - 1));
+        list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) % (list->count() - 1));
     else if (auto *box = qobject_cast<QCheckBox *>(&control))
         box->toggle();
     else if (auto *integer = qobject_cast<QSpinBox *>(&control))
         integer->setValue(random.bounded(integer->minimum(), integer->maximum()));
     else if (auto *number = qobject_cast<QDoubleSpinBox *>(&control))
-        number->setValue(number->minimum() +
-                         random.generateDouble() * (number->maximum() - number->minimum()));
+        number->setValue(number->minimum() + random.generateDouble() * (number->maximum() - number->minimum()));
 }
 
 } // namespace
@@ -110,36 +94,29 @@ private Q_SLOTS:
         ConnectedEditView fixture;
         auto &button = fixture.editSave("nv");
         QVERIFY(!button.isEnabled());
-        fixture.connectAndFeed(jointTable());
-        QVERIFY(button.isEnabled());
-        button.click();
-        QCOMPARE(button.text(), QStringLiteral("Apply"));
-        QVERIFY(!button.isEnabled());
-        QVERIFY(fixture.cancel("nv").isEnabled());
-
+        fixture.connectAndFeed(ConnectedEditView::jointTable());
         auto &id = fixture.child<QSpinBox>("idSpinBox");
         auto &temperature = fixture.child<QDoubleSpinBox>("temperatureLimitDoubleSpinBox");
-        id.setValue(5);
-        temperature.setValue(60);
-        id.setValue(6);
-        QVERIFY(button.isEnabled());
-        temperature.setValue(0);
-        QVERIFY(button.isEnabled());
-        id.setValue(0);
-        QVERIFY(!button.isEnabled());
-        id.setValue(7);
         button.click();
-        QCOMPARE(button.text(), QStringLiteral("Edit"));
+        QVERIFY(fixture.cancel("nv").isEnabled());
+        const std::tuple<int, int, bool> edits[] = {
+            {0, 0, false}, {5, 0, true}, {6, 60, true}, {6, 0, true}, {0, 0, false}, {7, 0, true}};
+        for (const auto &[newId, newTemperature, isEdited] : edits) {
+            id.setValue(newId);
+            temperature.setValue(newTemperature);
+            QCOMPARE(button.text(), QString("Apply"));
+            QCOMPARE(button.isEnabled(), isEdited);
+        }
+        button.click();
+        QCOMPARE(button.text(), QString("Edit"));
         QVERIFY(!id.isEnabled());
-        button.click();
-        QVERIFY(!button.isEnabled());
     }
 
     void cancelAndDisconnectDropEdits()
     {
         ConnectedEditView fixture;
         QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        QByteArray table = jointTable();
+        QByteArray table = ConnectedEditView::jointTable();
         table[3] = 9;
         auto &id = fixture.child<QSpinBox>("idSpinBox");
         auto &mode = fixture.child<QComboBox>("operatingModeComboBox");
@@ -151,7 +128,7 @@ private Q_SLOTS:
             isCancelled ? fixture.cancel("nv").click() : fixture.groups().linkDown();
             QCOMPARE(id.text(), QString(isCancelled ? "9" : ""));
             QCOMPARE(mode.currentText(), QString(isCancelled ? "Joint" : "-"));
-            QCOMPARE(fixture.editSave("nv").text(), QStringLiteral("Edit"));
+            QCOMPARE(fixture.editSave("nv").text(), QString("Edit"));
             QCOMPARE(fixture.editSave("nv").isEnabled(), isCancelled);
             QVERIFY(!fixture.cancel("nv").isEnabled());
             QVERIFY(!id.isEnabled());
@@ -199,7 +176,7 @@ private Q_SLOTS:
         QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
         auto &id = fixture.child<QSpinBox>("idSpinBox");
         auto &temperature = fixture.child<QDoubleSpinBox>("temperatureLimitDoubleSpinBox");
-        QByteArray table = jointTable();
+        QByteArray table = ConnectedEditView::jointTable();
         fixture.connectTo(0x0102);
         fixture.editSave("nv").click();
         QVERIFY(!id.isEnabled()); // until the first values are there
@@ -208,29 +185,27 @@ private Q_SLOTS:
         // Meanwhile somebody else changes another register: it is not shown, but it is not taken back either.
         table[11] = 77;
         fixture.feed(table);
-        QCOMPARE(id.text(), QStringLiteral("5"));
-        QCOMPARE(temperature.text(), QStringLiteral("0"));
+        QCOMPARE(id.text(), QString("5"));
+        QCOMPARE(temperature.text(), QString("0"));
         fixture.editSave("nv").click();
         QCOMPARE(int(writes[0].at(1).toByteArray()[8]), 77);
-        // A second edit before the next poll goes on top of the first.
-        fixture.editSave("nv").click();
+        fixture.editSave("nv").click(); // before the next poll: this goes on top of the first edit
         temperature.setValue(60);
         fixture.editSave("nv").click();
-        QCOMPARE(writes[1].at(1).toByteArray()[0], '\5');
-        QCOMPARE(int(writes[1].at(1).toByteArray()[8]), 60);
+        QCOMPARE(writes[1].at(1).toByteArray().left(9).toHex(), QByteArray("05000002000000003c"));
         fixture.feed(table); // the servo has the last word
-        QCOMPARE(id.text(), QStringLiteral("0"));
+        QCOMPARE(id.text(), QString("0"));
     }
 
     void lockingWithdrawsAnEdit()
     {
         ConnectedEditView fixture;
         QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        fixture.connectAndFeed(jointTable());
+        fixture.connectAndFeed(ConnectedEditView::jointTable());
         fixture.editSave("v").click();
         fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox").setValue(1.0);
         QVERIFY(fixture.editSave("v").isEnabled());
-        QByteArray wheel = jointTable();
+        QByteArray wheel = ConnectedEditView::jointTable();
         wheel[6] = 1;
         fixture.feed(wheel);
         fixture.feed(wheel);
@@ -243,51 +218,44 @@ private Q_SLOTS:
     void motorInhibitsNonVolatileEdits()
     {
         ConnectedEditView fixture;
-        auto &nonVolatile = fixture.editSave("nv");
-        QByteArray table = jointTable();
+        QByteArray table = ConnectedEditView::jointTable();
         table[48] = 1;
         fixture.connectAndFeed(table);
-        QVERIFY(!nonVolatile.isEnabled());
-        fixture.editSave("v").click();
-        fixture.child<QCheckBox>("enableMotorCheckBox").setChecked(false);
-        QVERIFY(!nonVolatile.isEnabled());
-        fixture.cancel("v").click();
-        QVERIFY(!nonVolatile.isEnabled());
-        fixture.editSave("v").click();
-        fixture.child<QCheckBox>("enableMotorCheckBox").setChecked(false);
-        fixture.editSave("v").click();
-        QVERIFY(nonVolatile.isEnabled());
+        for (const bool isApplied : {false, true}) {
+            fixture.editSave("v").click();
+            fixture.child<QCheckBox>("enableMotorCheckBox").setChecked(false);
+            QVERIFY(!fixture.editSave("nv").isEnabled());
+            (isApplied ? fixture.editSave("v") : fixture.cancel("v")).click();
+            QCOMPARE(fixture.editSave("nv").isEnabled(), isApplied);
+        }
     }
 
     void viewsMayGoInAnyOrder()
     {
         ConnectedEditView fixture;
         auto second = std::make_unique<EditView>();
-        auto *secondId = second->findChild<ZelvarSpinBox *>(QStringLiteral("idSpinBox"));
+        auto *secondId = second->findChild<ZelvarSpinBox *>("idSpinBox");
         secondId->connected();
         fixture.view.reset();
-        QByteArray table = jointTable();
+        QByteArray table = ConnectedEditView::jointTable();
         table[3] = 9;
         fixture.connectAndFeed(table);
-        QCOMPARE(secondId->text(), QStringLiteral("9"));
+        QCOMPARE(secondId->text(), QString("9"));
         second.reset();
         fixture.feed(table);
         ProcessWide<StatusHelper>::instance()->update(1);
         fixture.groups().linkDown();
-        fixture.groups().linkUp();
     }
 
     void tabReachesEveryInput()
     {
         ConnectedEditView fixture;
-        QStringList reached;
         const QWidget *const first = &fixture.editSave("nv");
-        const QWidget *widget = first;
-        do {
-            if (widget->focusPolicy() & Qt::TabFocus)
-                reached << widget->QObject::objectName();
-            widget = widget->nextInFocusChain();
-        } while (widget != first);
+        QStringList reached;
+        for (const QWidget *next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain()) {
+            if (next->focusPolicy() & Qt::TabFocus)
+                reached << next->objectName();
+        }
         for (const Place &place : Places)
             QVERIFY2(reached.contains(QLatin1String(place.control)), place.control);
     }

@@ -7,15 +7,6 @@
 #include "tests/support/testenvironment.h"
 #include "widgets/uigrouphelper.h"
 
-#include <QCheckBox>
-#include <QPushButton>
-#include <QSet>
-#include <QSettings>
-#include <QSpinBox>
-#include <QTreeWidget>
-
-#include <array>
-
 namespace {
 
 constexpr int ServoId = 3;
@@ -28,9 +19,9 @@ constexpr int Targets[] = {100, 200, 300}; // counts, applied in this order
 const char *const Tables[] = {"eepromRegisterBank1Widget", "eepromRegisterBank2Widget", "ramRegisterBank1TableWidget",
                               "ramRegisterBank2TableWidget"};
 
-QString hexadecimal(int byte)
+QString hexadecimal(int value, int byte)
 {
-    return QString("0x%1").arg(byte, 2, 16, QLatin1Char('0'));
+    return QString("0x%1").arg((value >> (8 * byte)) & 0xFF, 2, 16, QLatin1Char('0'));
 }
 
 QString cellName(const char *table, int row)
@@ -81,9 +72,8 @@ struct WatchedDesk : Desk
     void applyTargets() const
     {
         for (const int target : Targets) {
-            const QByteArray block{QByteArray::fromRawData(reinterpret_cast<const char *>(&target), 4)};
-            Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(TargetPosition,
-                                                                           QByteArray(block.constData(), 4));
+            Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(
+                TargetPosition, QByteArray(reinterpret_cast<const char *>(&target), 4));
         }
     }
 
@@ -104,14 +94,9 @@ class TestFaults : public QObject
 
     Cells m_allowed;
 
-    static void identify(WatchedDesk &desk, bool mustWork)
-    {
-        QCOMPARE(desk.connectToServo() || !mustWork, true);
-    }
-
     static void poll(WatchedDesk &desk, bool mustWork)
     {
-        desk.connectToServo();
+        QVERIFY(desk.connectToServo() || !mustWork);
         if (mustWork)
             QTRY_VERIFY(desk.shown > 0);
     }
@@ -124,18 +109,17 @@ class TestFaults : public QObject
             QTRY_COMPARE(desk.targetPosition(), QString("0x2c0x010x000x00"));
     }
 
-    static void reboot(WatchedDesk &desk, bool)
+    static void rebootAndReset(WatchedDesk &desk, bool)
     {
-        desk.trigger("actionReboot");
-        QVERIFY(desk.boxes() <= 1);
-        desk.watcher.boxes.removeAll(BoxWatcher::success("Zelvar servo id:3 was rebooted successfully"));
-    }
-
-    static void factoryReset(WatchedDesk &desk, bool)
-    {
-        desk.trigger("actionReset");
-        QVERIFY(desk.boxes() <= 1);
-        desk.watcher.boxes.removeAll(BoxWatcher::success("Factory reset of Zelvar servo id:3 was successful"));
+        const std::pair<const char *, const char *> steps[] = {
+            {"actionReboot", "Zelvar servo id:3 was rebooted successfully"},
+            {"actionReset", "Factory reset of Zelvar servo id:3 was successful"}};
+        for (const auto &[action, text] : steps) {
+            const int before = desk.boxes();
+            desk.trigger(action);
+            QVERIFY(desk.boxes() <= before + 1);
+            desk.watcher.boxes.removeAll(BoxWatcher::success(text));
+        }
     }
 
     static void scan(WatchedDesk &desk, bool)
@@ -147,9 +131,8 @@ class TestFaults : public QObject
         const auto *tree = dialog->findChild<QTreeWidget *>("servoTreeWidget");
         if (const QTreeWidgetItem *root = tree->topLevelItem(0)) {
             for (int i = 0; i < root->childCount(); ++i) {
-                const QString id = root->child(i)->text(1);
-                QCOMPARE(root->child(i)->text(2), QString(id == "5" ? "Zelvar M0" : "Zelvar M1"));
-                QVERIFY(id == "3" || id == "5");
+                const QString found = root->child(i)->text(1) + root->child(i)->text(2);
+                QVERIFY2(found == "3Zelvar M1" || found == "5Zelvar M0", qPrintable(found));
             }
         }
         dialog->close();
@@ -171,28 +154,10 @@ class TestFaults : public QObject
         desk.window.reset();
     }
 
-    struct NamedOperation
-    {
-        const char *name;
-        Operation run;
-    };
-    static std::array<NamedOperation, 8> operations()
-    {
-        return {{{"identify", identify},
-                 {"poll", poll},
-                 {"write", write},
-                 {"reboot", reboot},
-                 {"reset", factoryReset},
-                 {"scan", scan},
-                 {"disconnect", disconnectInBetween},
-                 {"close", closeInBetween}}};
-    }
-
 private Q_SLOTS:
     void initTestCase()
     {
         // What a servo that nobody disturbs shows, and the targets that are applied below.
-        QSettings("Ostravel", "Zelvar Servo Manager").clear();
         Desk desk(ServoId);
         desk.showTab(1);
         desk.trigger("actionConnect");
@@ -204,10 +169,9 @@ private Q_SLOTS:
         m_allowed[cellName(Tables[3], RestingRow)] = {"0x00", "0x01"};
         for (const int target : Targets) {
             for (int byte = 0; byte < 4; ++byte)
-                m_allowed[cellName(Tables[2], TargetPositionRow + byte)].insert(
-                    hexadecimal((target >> (8 * byte)) & 0xFF));
+                m_allowed[cellName(Tables[2], TargetPositionRow + byte)].insert(hexadecimal(target, byte));
             for (int byte = 0; byte < 2; ++byte) // the servo does not move
-                m_allowed[cellName(Tables[3], ErrorRow + byte)].insert(hexadecimal((target >> (8 * byte)) & 0xFF));
+                m_allowed[cellName(Tables[3], ErrorRow + byte)].insert(hexadecimal(target, byte));
         }
     }
 
@@ -217,16 +181,15 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("fault");
         QTest::addColumn<Operation>("operation");
-        const struct
-        {
-            const char *fault;
-            const char *name;
-        } faults[] = {{"drop=0.4", "drop"},           {"corrupt=0.4", "corrupt"}, {"truncate=0.4", "truncate"},
-                      {"garbage=0.5", "garbage"},     {"delay=30", "delay"},      {"chunk", "chunk"},
-                      {"echo", "echo"},               {"mute-after=2", "mute"},   {"vanish-after=2", "vanish"}};
-        for (const auto &fault : faults) {
-            for (const auto &operation : operations())
-                QTest::addRow("%s while %s", fault.name, operation.name) << QString(fault.fault) << operation.run;
+        const char *const faults[] = {"drop=0.4", "corrupt=0.4", "truncate=0.4", "garbage=0.5", "delay=15",
+                                      "chunk",    "echo",        "mute-after=2", "vanish-after=2"};
+        const std::pair<const char *, Operation> operations[] = {
+            {"poll", poll}, {"write", write},
+            {"reboot, reset", rebootAndReset}, {"scan", scan}, {"disconnect", disconnectInBetween},
+            {"close", closeInBetween}};
+        for (const char *fault : faults) {
+            for (const auto &[name, operation] : operations)
+                QTest::addRow("%s while %s", fault, name) << QString(fault) << operation;
         }
     }
 

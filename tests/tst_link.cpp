@@ -13,10 +13,9 @@ class RecordingTarget : public IPollTarget
 public:
     RecordingTarget()
     {
-        for (int address = 0; address < 120; address += sizeAt(address)) {
+        for (int address = 0; address < 120; address += sizeAt(address))
             bindings[quint8(address)] = std::make_shared<RegisterItemHelper>(RegisterItemHelper{
                 quint8(sizeAt(address)), [this, address](qint32 value) { handled[address] = value; }});
-        }
     }
     static int sizeAt(int address) { return address < 116 ? 4 : (address == 116 ? 2 : 1); }
 
@@ -53,14 +52,6 @@ class TestLink : public QObject
     {
         return [this](const QByteArray &reply) { m_replies.append(reply); };
     }
-    QStringList operations() const
-    {
-        QStringList operations;
-        for (const auto &call : m_port->calls)
-            operations.append(call.operation);
-        return operations;
-    }
-
 private Q_SLOTS:
     void init()
     {
@@ -69,35 +60,30 @@ private Q_SLOTS:
         m_replies.clear();
     }
 
-    void aReplyIsCompleteAtExactlyItsLength_data()
-    {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<QList<int>>("chunks");
-        QTest::addColumn<QList<int>>("replySizes");
-        QTest::newRow("in slices") << 4 << QList<int>{1, 0, 9, 5} << QList<int>{15};
-        QTest::newRow("no data") << 0 << QList<int>{11} << QList<int>{11};
-        QTest::newRow("count starts at 0 and wraps") << 245 << QList<int>{100, 156} << QList<int>{256};
-        QTest::newRow("too long: wraps and goes on") << 0 << QList<int>{14, 252, 1} << QList<int>{267};
-    }
-
     void aReplyIsCompleteAtExactlyItsLength()
     {
-        QFETCH(int, length);
-        QFETCH(QList<int>, chunks);
-        m_helper->readData(1, 0, uint8_t(length), collect());
-        QByteArray all;
-        for (int size : chunks) {
-            const QByteArray chunk(size, char('a' + size % 26));
-            all += chunk;
-            m_port->deliver(chunk);
-        }
-        QList<int> sizes;
-        for (const QByteArray &reply : qAsConst(m_replies))
-            sizes.append(reply.size());
-        QTEST(sizes, "replySizes");
-        if (!m_replies.isEmpty()) {
+        const std::tuple<const char *, int, QList<int>, QList<int>> rows[] = {
+            {"in slices",                    4,   {1, 0, 9, 5},  {15} },
+            {"no data",                      0,   {11},          {11} },
+            {"count starts at 0 and wraps",  245, {100, 156},    {256}},
+            {"too long: wraps and goes on",  0,   {14, 252, 1},  {267}},
+        };
+        for (const auto &[name, length, chunks, replySizes] : rows) {
+            const InRow row(name);
+            init();
+            m_helper->readData(1, 0, uint8_t(length), collect());
+            QByteArray all;
+            for (int size : chunks) {
+                const QByteArray chunk(size, char('a' + size % 26));
+                all += chunk;
+                m_port->deliver(chunk);
+            }
+            QList<int> sizes;
+            for (const QByteArray &reply : qAsConst(m_replies))
+                sizes.append(reply.size());
+            QCOMPARE(sizes, replySizes);
             QCOMPARE(m_replies[0], all);
-            QCOMPARE(operations().last(), QString("cleanUp"));
+            QCOMPARE(m_port->operations().last(), QString("cleanUp"));
         }
     }
 
@@ -106,7 +92,7 @@ private Q_SLOTS:
         m_helper->writeData(1, 50, "ab", collect());
         m_port->deliver(QByteArray(6, 'x'));
         QCOMPARE(m_replies.size(), 0);
-        QCOMPARE(operations(), (QStringList{"write", "cleanUp"}));
+        QCOMPARE(m_port->operations(), (QStringList{"write", "cleanUp"}));
         m_helper->reboot(1, collect());
         m_port->deliver(QByteArray(6, 'y'));
         QCOMPARE(m_replies, QList<QByteArray>{QByteArray(6, 'y')}); // nothing was left over
@@ -133,7 +119,7 @@ private Q_SLOTS:
         scheduler.startScheduler(1);
         QTRY_VERIFY(m_port->calls.size() >= 5);
         scheduler.stopScheduler();
-        QCOMPARE(operations().mid(0, 5), (QStringList{"write", "write", "write", "read", "read"}));
+        QCOMPARE(m_port->operations().mid(0, 5), (QStringList{"write", "write", "write", "read", "read"}));
         QCOMPARE(m_port->calls[0].data + m_port->calls[1].data + m_port->calls[2].data, QByteArray("abc"));
         QCOMPARE(m_port->calls[1].address, 3);
         QCOMPARE(m_port->calls[3].id, 7);
@@ -163,16 +149,17 @@ private Q_SLOTS:
 
     void aReplyThatComesTooLateReachesNothing()
     {
-        using Act = std::function<void(std::unique_ptr<UiScheduler> &)>;
-        for (const Act &meanwhile : {Act([](auto &scheduler) { scheduler.reset(); }),
-                                     Act([](auto &scheduler) { scheduler->stopScheduler(); }),
-                                     Act([](auto &scheduler) { scheduler->addQueueRequest(48, "a"); })}) {
+        using Act = void (*)(std::unique_ptr<UiScheduler> &);
+        const Act acts[] = {[](auto &scheduler) { scheduler.reset(); },
+                            [](auto &scheduler) { scheduler->stopScheduler(); },
+                            [](auto &scheduler) { scheduler->addQueueRequest(48, "a"); }};
+        for (const Act act : acts) {
             init();
             RecordingTarget target;
             auto scheduler = std::make_unique<UiScheduler>(1, m_helper, target, nullptr);
             scheduler->startScheduler(1);
             QTRY_VERIFY(!m_port->calls.isEmpty());
-            meanwhile(scheduler);
+            act(scheduler);
             m_port->deliver(QByteArray(129, 'x'));
             QCOMPARE(target.shown.size(), 0);
         }

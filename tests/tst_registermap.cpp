@@ -1,57 +1,22 @@
+// What a servo is taken for, its registers, and the errors that it tells of.
+
 #include "device/devicehelper.h"
 #include "device/dynamixelax12.h"
-#include "device/ieditgroup.h"
+#include "device/statushelper.h"
 #include "device/uiregisterhelper.h"
 #include "device/zelvarv1.h"
 #include "link/processwide.h"
 #include "tests/support/testenvironment.h"
 
-#include <QWidget>
-#include <QtTest>
-
 namespace {
-class Group : public QWidget, public IEditGroup
+class StatusBox : public QWidget, public IStatusIndicator
 {
 public:
-    bool isEditing() const override { return editing; }
+    StatusBox(const QString &name, QWidget *parent) : QWidget(parent) { setObjectName(name); }
+    void setStatus(bool on) override { isOn = on; }
 
-    bool editing = false;
+    bool isOn = true;
 };
-
-class Field : public QWidget, public IUnitDataField
-{
-public:
-    explicit Field(const QString &name, QWidget *parent = nullptr) : QWidget(parent)
-    {
-        QWidget::setObjectName(name);
-    }
-
-    QString objectName() const override { return QWidget::objectName(); }
-    void setLocked(bool) override {}
-    qint32 fieldId() const override { return 22; }
-    void setValue(int raw) override
-    {
-        values << raw;
-        dependenciesAtValue = dependencies;
-    }
-    int value() const override { return values.isEmpty() ? 0 : values.last(); }
-    void setObjectName(const QString &) override {}
-    void applyDependency() override { ++dependencies; }
-
-    QVector<int> values;
-    int dependencies = 0;
-    int dependenciesAtValue = 0;
-};
-
-void identifyOwnFamily()
-{
-    ProcessWide<DeviceHelper>::instance()->onModelNumberRead({});
-}
-
-void receive(const UiRegisterHelper &helper, quint8 address, quint32 raw)
-{
-    helper.bindings().at(address)->handler(qint32(raw));
-}
 
 } // namespace
 
@@ -63,10 +28,28 @@ private Q_SLOTS:
     void init()
     {
         ProcessWide<DeviceHelper>::instance() = std::make_shared<DeviceHelper>(nullptr, [] {});
-        identifyOwnFamily();
+        ProcessWide<DeviceHelper>::instance()->onModelNumberRead({});
     }
 
     void cleanup() { ProcessWide<DeviceHelper>::instance() = nullptr; }
+
+    void identification()
+    {
+        const QByteArray zeros(13, '\0');
+        const std::tuple<const char *, QByteArray, bool> rows[] = {
+            {"12, 0: AX-12",                      QByteArray(zeros).replace(5, 1, "\x0C"),        false},
+            {"12, 1",                             QByteArray(zeros).replace(5, 2, "\x0C\x01"),    true },
+            {"upper byte with the top bit",       QByteArray(zeros).replace(5, 2, "\x0C\x80"),    true },
+            {"short: only the lower byte, of 12", QByteArray(zeros).replace(5, 1, "\x0C").left(6), true },
+        };
+        for (const auto &[name, reply, isOwnFamily] : rows) {
+            const InRow row(name);
+            DeviceHelper helper(nullptr, [] {});
+            helper.onModelNumberRead(reply);
+            QCOMPARE(helper.device()->hasRegisterMap(), isOwnFamily);
+            QCOMPARE(helper.device()->controlTableSize(), isOwnFamily ? 118u : 50u);
+        }
+    }
 
     void banksAreWhole()
     {
@@ -83,49 +66,9 @@ private Q_SLOTS:
         for (int bank = 0; bank < counts.size(); ++bank) {
             QCOMPARE(int(device.registerCount(quint32(bank))), counts.at(bank));
             QCOMPARE(rows.at(bank).size(), counts.at(bank));
-            QVERIFY(rows.at(bank).contains(counts.at(bank) - 1));
         }
-        QCOMPARE(device.registerCount(4), 0u);
         QCOMPARE(DynamixelAx12().registerCount(0), 0u);
         QVERIFY(!DynamixelAx12().registerDescription(0));
-        QCOMPARE(device.registerDescription(102)->description, QString("Angular velocity profile (upper)"));
-        QCOMPARE(device.registerDescription(117)->description, QString("Debug 4 (upper)"));
-    }
-
-    void narrowing_data()
-    {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<quint32>("raw");
-        QTest::addColumn<int>("shown");
-
-        QTest::newRow("16-bit signed") << 7 << "clockwiseLimitDoubleSpinBox" << 0x8001u << -32767;
-        QTest::newRow("32-bit signed") << 86 << "actualPositionLineEdit" << 0xFFFFFFFFu << -1;
-        QTest::newRow("hardware error") << 107 << "encoderStatusCheckBox" << 0xFFu << 8;
-        QTest::newRow("velocity") << 82 << "targetAngularVelocityDoubleSpinBox" << 0x87D0u << 2000;
-        QTest::newRow("clockwise") << 82 << "targetAngularVelocityDirectionComboBox" << 0x87D0u << 1;
-        QTest::newRow("torque") << 84 << "targetTorqueDoubleSpinBox" << 0x7FFFu << 0x7FFF;
-        QTest::newRow("counter-clockwise") << 84 << "targetTorqueDirectionComboBox" << 0x7FFFu << 0;
-    }
-
-    void narrowing()
-    {
-        QFETCH(int, address);
-        QFETCH(QString, field);
-        QFETCH(quint32, raw);
-        QFETCH(int, shown);
-        UiRegisterHelper helper;
-        Group group;
-        Field control(field, &group);
-        helper.registerField(&control);
-
-        receive(helper, quint8(address), raw);
-        QCOMPARE(control.values, QVector<int>{shown});
-        QCOMPARE(control.dependenciesAtValue, 1);
-        group.editing = true;
-        receive(helper, quint8(address), raw);
-        QCOMPARE(control.values.size(), 1);
-        QCOMPARE(control.dependencies, 2);
     }
 
     void everyPolledByteIsKept()
@@ -142,12 +85,29 @@ private Q_SLOTS:
             QCOMPARE(helper.lastByte(quint8(address)), std::optional<quint8>(0x80 + address));
         QVERIFY(!helper.lastByte(118));
 
-        identifyOwnFamily(); // they belong to the servo before
+        ProcessWide<DeviceHelper>::instance()->onModelNumberRead({}); // they belong to the servo before
         QVERIFY(!helper.lastByte(3));
-        receive(helper, 4, 2);
+        helper.bindings().at(4)->handler(2);
         QVERIFY(!helper.lastByte(3) && helper.lastByte(4));
         helper.forgetValues();
         QVERIFY(!helper.lastByte(4));
+    }
+
+    void errorByte()
+    {
+        const QStringList names{"process", "instruction", "checksum", "range", "dataLength", "dataLimit", "access",
+                                "alert"};
+        for (const int error : {0, 1, 2, 3, 4, 5, 6, 7, 0x82}) { // an alert hides the number
+            QWidget view;
+            for (const QString &name : names)
+                new StatusBox(name + "StatusCheckBox", &view);
+            StatusHelper helper(&view);
+            helper.update(qint8(error));
+            for (int box = 0; box < names.size(); ++box)
+                QCOMPARE(dynamic_cast<StatusBox *>(view.children()[box])->isOn, box + 1 == qMin(error, 8));
+            qDeleteAll(view.children());
+            helper.update(qint8(error)); // the boxes are gone
+        }
     }
 };
 

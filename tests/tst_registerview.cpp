@@ -11,17 +11,8 @@
 #include "tests/support/testenvironment.h"
 #include "views/registerview.h"
 
-#include <QRadioButton>
-#include <QSettings>
-#include <QTableWidget>
-
 namespace {
-enum Column
-{
-    Address,
-    Value,
-    Description,
-};
+enum Column { Address, Value, Description };
 
 /** A shown view on a device helper, and what a test looks at. */
 struct Fixture
@@ -46,9 +37,9 @@ struct Fixture
     }
     QTableWidget *table(int bank) const
     {
-        static const char *const names[] = {"eepromRegisterBank1Widget", "eepromRegisterBank2Widget",
-                                            "ramRegisterBank1TableWidget", "ramRegisterBank2TableWidget"};
-        return view.findChild<QTableWidget *>(names[bank]);
+        return view.findChild<QTableWidget *>(QStringList{"eepromRegisterBank1Widget", "eepromRegisterBank2Widget",
+                                                          "ramRegisterBank1TableWidget",
+                                                          "ramRegisterBank2TableWidget"}[bank]);
     }
     QTableWidgetItem *cell(int bank, int row, Column column) const { return table(bank)->item(row, column); }
     QString text(int bank, int row, Column column) const
@@ -65,11 +56,6 @@ struct Fixture
         }
         return filled;
     }
-    void choose(const char *radioButton)
-    {
-        settings.findChild<QRadioButton *>(radioButton)->click();
-        settings.apply();
-    }
 };
 
 } // namespace
@@ -81,46 +67,35 @@ class TestRegisterView : public QObject
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
 
-    void valuesGoIntoTheirRows_data()
-    {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<int>("bank");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QStringList>("hexadecimal");
-        QTest::addColumn<QStringList>("decimal");
-        using Texts = QStringList;
-        QTest::newRow("first") << 0 << 2 << 0 << 0 << Texts{"0x00 0x04", "0x01 0xa3"}
-                               << Texts{"0 4", "1 163"};
-        QTest::newRow("bank 1") << 27 << 1 << 1 << 0 << Texts{"0x1b 0x04"} << Texts{"27 4"};
-        QTest::newRow("bank 2, after a gap") << 54 << 1 << 2 << 2 << Texts{"0x36 0x04"} << Texts{"54 4"};
-        QTest::newRow("four bytes") << 86 << 4 << 3 << 0
-                                    << Texts{"0x56 0x04", "0x57 0xa3", "0x58 0x02", "0x59 0xf1"}
-                                    << Texts{"86 4", "87 163", "88 2", "89 241"};
-        QTest::newRow("gap") << 41 << 1 << 1 << 0 << Texts{} << Texts{};
-        QTest::newRow("past the end") << 256 << 1 << 0 << 0 << Texts{} << Texts{};
-    }
-
     void valuesGoIntoTheirRows()
     {
-        QFETCH(int, address);
-        QFETCH(int, size);
-        QFETCH(int, bank);
-        QFETCH(int, row);
-        Fixture fixture;
-        fixture.load();
-        for (const char *radix : {"hexadecimal", "decimal"}) {
-            if (QByteArray(radix) == "decimal")
-                fixture.choose("decimalRadioButton");
-            fixture.view.updateRegister(quint16(address), quint8(size), 0xF102A304);
-            QStringList shown;
-            for (int i = 0; i < fixture.filledCells(); ++i)
-                shown += fixture.text(bank, row + i, Address) + ' ' + fixture.text(bank, row + i, Value);
-            QTEST(shown, radix);
-        }
-        if (const auto description = fixture.helper->device()->registerDescription(quint16(address))) {
-            QCOMPARE(fixture.text(bank, row, Description), description->description);
-            QCOMPARE(fixture.cell(bank, row, Value)->background() == QBrush(), description->writable != 0);
+        const std::tuple<const char *, int, int, int, int, QStringList, QStringList> rows[] = {
+            {"first",        0,   2, 0, 0, {"0x00 0x04", "0x01 0xa3"}, {"0 4", "1 163"}},
+            {"bank 1",       27,  1, 1, 0, {"0x1b 0x04"},              {"27 4"}        },
+            {"after a gap",  54,  1, 2, 2, {"0x36 0x04"},              {"54 4"}        },
+            {"four bytes",   86,  4, 3, 0, {"0x56 0x04", "0x57 0xa3", "0x58 0x02", "0x59 0xf1"},
+             {"86 4", "87 163", "88 2", "89 241"}},
+            {"gap",          41,  1, 1, 0, {},                         {}              },
+            {"past the end", 256, 1, 0, 0, {},                         {}              },
+        };
+        for (const auto &[name, address, size, bank, row, hexadecimal, decimal] : rows) {
+            const InRow inRow(name);
+            init();
+            Fixture fixture;
+            fixture.load();
+            for (const QStringList &expected : {hexadecimal, decimal}) {
+                fixture.view.updateRegister(quint16(address), quint8(size), 0xF102A304);
+                QStringList shown;
+                for (int i = 0; i < fixture.filledCells(); ++i)
+                    shown += fixture.text(bank, row + i, Address) + ' ' + fixture.text(bank, row + i, Value);
+                QCOMPARE(shown, expected);
+                fixture.settings.findChild<QRadioButton *>("decimalRadioButton")->click();
+                fixture.settings.apply();
+            }
+            if (const auto description = fixture.helper->device()->registerDescription(quint16(address))) {
+                QCOMPARE(fixture.text(bank, row, Description), description->description);
+                QCOMPARE(fixture.cell(bank, row, Value)->background() == QBrush(), description->writable != 0);
+            }
         }
     }
 

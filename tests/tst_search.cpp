@@ -10,17 +10,6 @@
 #include "tests/support/simulatorprocess.h"
 #include "tests/support/testenvironment.h"
 
-#include <QCheckBox>
-#include <QDeadlineTimer>
-#include <QDir>
-#include <QPointer>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QThread>
-#include <QTimer>
-#include <QTreeWidget>
-
 #include <algorithm>
 
 using namespace wire;
@@ -28,11 +17,6 @@ using namespace wire;
 namespace {
 const QStringList BaudRates{"9600",   "19200",  "38400",  "57600",  "115200",
                             "200000", "250000", "400000", "500000", "1000000"};
-
-std::shared_ptr<SerialPortItem> port(const QString &name)
-{
-    return std::make_shared<SerialPortItem>(name, QString(), QString(), "/dev/" + name, 0, 0);
-}
 
 /** A servo of the own family at every id, which answers at once whatever the baud rate. */
 QByteArray everyServo(const Packet &request)
@@ -46,14 +30,18 @@ QByteArray everyServo(const Packet &request)
 class Dialog : public SearchDialog
 {
 public:
-    std::shared_ptr<FakeSerialPort> ports; ///< only lists; a probe opens its own
-    QStringList probes;                    ///< "baud rate:id", in order
+    QStringList probes; ///< "baud rate:id", in order
 
-    explicit Dialog(const QStringList &portNames) : Dialog(portNames, std::make_shared<FakeSerialPort>()) {}
+    /** @param portName the one port that the dialog finds. */
+    explicit Dialog(const QString &portName) : SearchDialog(linkWith(portName))
+    {
+        show();
+        connect(this, &SearchDialog::doScanServo, this,
+                [this](int id, int rate) { probes << QString("%1:%2").arg(rate).arg(id); });
+    }
 
     QPushButton *button(const QString &name) const { return findChild<QPushButton *>(name + "PushButton"); }
     QCheckBox *baudRate(const QString &rate) const { return findChild<QCheckBox *>("baudRate" + rate + "CheckBox"); }
-    QCheckBox *selectAll() const { return findChild<QCheckBox *>("selectCheckBox"); }
     QTreeWidget *tree() const { return findChild<QTreeWidget *>("servoTreeWidget"); }
     QSpinBox *spinBox(const QString &limit) const { return findChild<QSpinBox *>(limit + "SearchRangeSpinBox"); }
 
@@ -95,24 +83,13 @@ public:
     }
 
 private:
-    Dialog(const QStringList &portNames, std::shared_ptr<FakeSerialPort> fake)
-        : SearchDialog(std::make_shared<SerialHelper>(listing(*fake, portNames, fake))), ports(fake)
+    static std::shared_ptr<SerialHelper> linkWith(const QString &portName)
     {
-        show();
-        connect(this, &SearchDialog::doScanServo, this,
-                [this](int id, int rate) { probes << QString("%1:%2").arg(rate).arg(id); });
-    }
-    static std::shared_ptr<FakeSerialPort> listing(FakeSerialPort &fake, const QStringList &names,
-                                                   std::shared_ptr<FakeSerialPort> owner)
-    {
-        for (const QString &name : names)
-            fake.ports.push_back(port(name));
-        return owner;
+        const auto ports = std::make_shared<FakeSerialPort>();
+        ports->listPorts({portName});
+        return std::make_shared<SerialHelper>(ports);
     }
 };
-
-/** What a user does in the middle of a scan. */
-using Act = std::function<void(Dialog *)>;
 
 /** How many file descriptors ("fd") or threads ("task") this process has. */
 int countOf(const QString &kind)
@@ -121,8 +98,6 @@ int countOf(const QString &kind)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Act)
 
 class TestSearch : public QObject
 {
@@ -133,42 +108,29 @@ private Q_SLOTS:
 
     void idLimitsDoNotCross()
     {
-        Dialog dialog({"ttyA"});
+        Dialog dialog("ttyA");
         QVERIFY(!dialog.button("scan")->isEnabled()); // no baud rate is chosen
-        const struct
-        {
-            const char *limit;
-            int value;
-            int expected;
-        } guards[] = {
-            {"lower", 40,  40 },
-            {"lower", 41,  20 },
-            {"upper", 20,  20 },
-            {"upper", 19,  40 },
-            {"upper", 254, 253},
-        };
-        for (const auto &guard : guards) {
+        const std::tuple<const char *, int, int> guards[] = {
+            {"lower", 40, 40}, {"lower", 41, 20}, {"upper", 20, 20}, {"upper", 19, 40}, {"upper", 254, 253}};
+        for (const auto &[limit, value, expected] : guards) {
             dialog.choose({}, 20, 40);
-            dialog.spinBox(guard.limit)->setValue(guard.value);
-            QCOMPARE(dialog.spinBox(guard.limit)->value(), guard.expected);
+            dialog.spinBox(limit)->setValue(value);
+            QCOMPARE(dialog.spinBox(limit)->value(), expected);
         }
     }
 
     void theSelectBoxTogglesBetweenAllAndNone()
     {
-        const QMap<int, Qt::CheckState> states{
-            {0,  Qt::Unchecked       },
-            {1,  Qt::PartiallyChecked},
-            {10, Qt::Checked         }
-        };
-        for (auto state = states.begin(); state != states.end(); ++state) {
-            Dialog dialog({"ttyA"});
-            dialog.choose(BaudRates.mid(0, state.key()), 1, 10);
-            QCOMPARE(dialog.selectAll()->checkState(), state.value());
-            const int checkedAfter = state.key() == 0 ? 10 : 0;
-            dialog.selectAll()->click();
+        const std::tuple<int, Qt::CheckState, int> rows[] = {
+            {0, Qt::Unchecked, 10}, {1, Qt::PartiallyChecked, 0}, {10, Qt::Checked, 0}};
+        for (const auto &[chosen, state, checkedAfter] : rows) {
+            Dialog dialog("ttyA");
+            dialog.choose(BaudRates.mid(0, chosen), 1, 10);
+            auto *all = dialog.findChild<QCheckBox *>("selectCheckBox");
+            QCOMPARE(all->checkState(), state);
+            all->click();
             QCOMPARE(dialog.checkedBaudRates(), checkedAfter);
-            dialog.selectAll()->click();
+            all->click();
             QCOMPARE(dialog.checkedBaudRates(), 10 - checkedAfter);
         }
     }
@@ -177,7 +139,7 @@ private Q_SLOTS:
     {
         SimulatorProcess simulator({"--servo", "zelvar:7:57600", "--servo", "zelvar:2:57600", "--servo", "zelvar:7",
                                     "--servo", "ax12:3", "--servo", "zelvar:0", "--servo", "zelvar:4:115200"});
-        Dialog dialog({simulator.name()});
+        Dialog dialog(simulator.name());
         dialog.choose({"1000000", "57600"}, 0, 7);
         QVERIFY(dialog.scanFinds({"57600", "2 Zelvar M1", "7 Zelvar M1", //
                                   "1000000", "0 Zelvar M1", "3 Zelvar M0"}));
@@ -194,7 +156,7 @@ private Q_SLOTS:
 
     void theChosenServoIsHandedOver()
     {
-        Dialog dialog({"ttyA"});
+        Dialog dialog("ttyA");
         QTreeWidgetItem *root = dialog.addTreeRoot("57600");
         dialog.addTreeChild(root, "7", "1");
         dialog.tree()->expandAll();
@@ -214,74 +176,53 @@ private Q_SLOTS:
         QVERIFY(!dialog.isVisible());
     }
 
-    void whatEndsAScan_data()
-    {
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<bool>("isQueued"); // done when events are processed, before the second baud rate
-        QTest::addColumn<QStringList>("expected");
-        const QStringList first{"9600:1", "9600:2"};
-        const QStringList second = first + QStringList{"19200:1", "19200:2"};
-        QTest::newRow("abort, in the sweep") << Act([](Dialog *d) { d->abortScan(); }) << false << first;
-        QTest::newRow("abort, clicked") << Act([](Dialog *d) { d->button("abortScan")->click(); }) << true << second;
-        QTest::newRow("closed and shown again") << Act([](Dialog *d) { d->close(); d->show(); }) << true << first;
-        QTest::newRow("destroyed") << Act([](Dialog *d) { delete d; }) << true << first;
-        QTest::newRow("nothing: a scan in a scan")
-            << Act([](Dialog *d) { d->scan(); }) << true << second + QStringList{"38400:1", "38400:2"};
-    }
-
     void whatEndsAScan()
     {
-        QFETCH(Act, act);
-        QFETCH(bool, isQueued);
-        const int threads = countOf("task");
-        QStringList probes;
-        {
-            PtyPeer bus([](const Packet &) { return QByteArray(); });
-            QPointer<Dialog> dialog = new Dialog({bus.path()});
-            dialog->choose({"9600", "19200", "38400"}, 1, 2);
-            connect(dialog, &SearchDialog::doScanServo, this, [&](int id, int rate) {
-                probes << QString("%1:%2").arg(rate).arg(id);
-                QVERIFY(!dialog->button("scan")->isEnabled());
-                QVERIFY(dialog->button("abortScan")->isEnabled());
-                if (probes.size() > 1)
-                    return;
-                if (isQueued)
-                    QTimer::singleShot(0, this, [&] { act(dialog); });
-                else
-                    act(dialog);
-            });
-            dialog->scan();
-            if (dialog)
-                QVERIFY(!dialog->button("abortScan")->isEnabled());
-            delete dialog;
+        using Act = void (*)(Dialog *);
+        const QStringList first{"9600:1", "9600:2"};
+        const QStringList second = first + QStringList{"19200:1", "19200:2"};
+        const QStringList all = second + QStringList{"38400:1", "38400:2"};
+        // What a user does during the first probe or, queued, when events are processed before the second baud rate.
+        const std::tuple<const char *, Act, bool, QStringList> rows[] = {
+            {"abort, in the sweep", [](Dialog *d) { d->abortScan(); }, false, first},
+            {"abort, clicked", [](Dialog *d) { d->button("abortScan")->click(); }, true, second},
+            {"closed and shown again", [](Dialog *d) { d->close(); d->show(); }, true, first},
+            {"destroyed", [](Dialog *d) { delete d; }, true, first},
+            {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); }, true, all},
+        };
+        for (const auto &[name, act, isQueued, expected] : rows) {
+            const InRow row(name);
+            const int threads = countOf("task");
+            QStringList probes;
+            {
+                PtyPeer bus([](const Packet &) { return QByteArray(); });
+                QPointer<Dialog> dialog = new Dialog(bus.path());
+                dialog->choose({"9600", "19200", "38400"}, 1, 2);
+                connect(dialog, &SearchDialog::doScanServo, this, [&, action = act, queued = isQueued](int id, int rate) {
+                    probes << QString("%1:%2").arg(rate).arg(id);
+                    QVERIFY(!dialog->button("scan")->isEnabled());
+                    QVERIFY(dialog->button("abortScan")->isEnabled());
+                    if (probes.size() > 1)
+                        return;
+                    if (queued)
+                        QTimer::singleShot(0, this, [&dialog, action] { action(dialog); });
+                    else
+                        action(dialog);
+                });
+                dialog->scan();
+                QVERIFY(!dialog || !dialog->button("abortScan")->isEnabled());
+                delete dialog;
+            }
+            QCOMPARE(probes, expected);
+            QTRY_COMPARE(countOf("task"), threads);
+            QCOMPARE(SearchDialog::instance(), nullptr);
         }
-        QTEST(probes, "expected");
-        QTRY_COMPARE(countOf("task"), threads);
-        QCOMPARE(SearchDialog::instance(), nullptr);
-    }
-
-    void anAnswerThatComesBeforeTheWaitIsKept()
-    {
-        PtyPeer bus(everyServo);
-        QThread thread;
-        SearchHelper helper(bus.path());
-        helper.moveToThread(&thread);
-        connect(&thread, &QThread::finished, &helper, &SearchHelper::closePort, Qt::DirectConnection);
-        thread.start();
-        {
-            const QMutexLocker lock(&SearchHelper::probeMutex());
-            QMetaObject::invokeMethod(&helper, "scanServo", Q_ARG(int, 3), Q_ARG(int, 1000000));
-            QTRY_VERIFY(bus.receivedCount() > 0);
-            QCOMPARE(helper.waitForReply(QDeadlineTimer(5000)).size(), 4 + 11);
-        }
-        thread.quit();
-        thread.wait();
     }
 
     void manyProbesLeaveNothingBehind()
     {
         PtyPeer bus(everyServo);
-        Dialog dialog({bus.path()});
+        Dialog dialog(bus.path());
         dialog.choose({"1000000"}, 0, 253);
         connect(&dialog, &SearchDialog::doScanServo, this,
                 [] { QVERIFY2(!SearchHelper::probeMutex().tryLock(), "the answer may come before the wait for it"); });

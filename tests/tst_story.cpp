@@ -3,26 +3,7 @@
 #include "tests/support/desk.h"
 #include "tests/support/testenvironment.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QDoubleSpinBox>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QSettings>
-#include <QStatusBar>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QToolButton>
-
-#include <sys/resource.h>
-
-namespace {
-
-constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
-
-} // namespace
+#include <ctime>
 
 class TestStory : public QObject
 {
@@ -31,152 +12,83 @@ class TestStory : public QObject
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
 
-    void aStoreThatIsNoUseDoesNotStopTheProgram_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("corrupt") << QByteArray("[main window settings\n\x00\xFF=\"@ByteArray(", 38);
-        QTest::newRow("binary") << QByteArray(4096, '\xFF');
-        QTest::newRow("of a later version") << QByteArray("[General]\nversion=9\n[main window settings]\n"
-                                                          "geometry=@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x9)\n"
-                                                          "servoId=1, 2\npollingInterval=@Size(10 20)\n");
-        QTest::newRow("a folder in its place") << QByteArray();
-    }
-
     void aStoreThatIsNoUseDoesNotStopTheProgram()
     {
-        QFETCH(QByteArray, content);
+        const std::pair<const char *, QByteArray> rows[] = {
+            {"corrupt", QByteArray("[main window settings\n\x00\xFF=\"@ByteArray(", 38)},
+            {"binary", QByteArray(4096, '\xFF')},
+            {"of a later version", "[General]\nversion=9\n[main window settings]\nservoId=1, 2\n"
+                                   "geometry=@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x9)\npollingInterval=@Size(10 20)\n"},
+            {"a folder in its place", {}},
+        };
         const QString path = QSettings("Ostravel", "Zelvar Servo Manager").fileName();
-        QFile::remove(path);
-        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        if (content.isEmpty()) {
-            QVERIFY(QDir().mkpath(path));
-        } else {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(content);
-            QVERIFY(file.setPermissions(QFile::ReadOwner));
+        for (const auto &[name, content] : rows) {
+            const InRow row(name);
+            QFile::remove(path);
+            QVERIFY(QDir().mkpath(content.isEmpty() ? path : QFileInfo(path).path()));
+            if (!content.isEmpty()) {
+                QFile file(path);
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+                QVERIFY(file.setPermissions(QFile::ReadOwner));
+            }
+            {
+                Desk desk(0);
+                QVERIFY(desk.connects());
+                desk.window->close();
+            }
+            content.isEmpty() ? QDir(path).removeRecursively() : QFile::remove(path);
         }
-        {
-            SimulatorProcess simulator;
-            MainWindow window(nullptr);
-            window.show();
-            window.findChild<QAction *>("actionConnect")->trigger();
-            QTRY_COMPARE(window.statusBar()->currentMessage(), QString("Connected"));
-            window.close();
-        }
-        content.isEmpty() ? QDir(path).removeRecursively() : QFile::remove(path);
-    }
-
-    void registersLive()
-    {
-        Desk desk(3);
-        QVERIFY(!desk.simulator.name().isEmpty());
-        desk.showTab(1);
-        desk.trigger("actionConnect");
-        QTRY_COMPARE(desk.status(), QString("Connected"));
-        QTRY_COMPARE(desk.cell("eepromRegisterBank1Widget", 3), QString("0x03"));
-        QCOMPARE(desk.cell("eepromRegisterBank1Widget", 0), QString("0x02"));
-        desk.trigger("actionDisconnect");
-        QCOMPARE(desk.status(), QString("Disconnected"));
-        QCOMPARE(desk.find<QTableWidget>("eepromRegisterBank1Widget")->rowCount(), 0);
-        QCOMPARE(desk.watcher.boxes, QStringList());
     }
 
     void anAx12ShowsWhatItHas()
     {
         Desk desk(5);
-        desk.trigger("actionConnect");
-        QTRY_COMPARE(desk.status(), QString("Connected"));
-        QCOMPARE(desk.find<QTableWidget>("eepromRegisterBank1Widget")->rowCount(), 0);
+        QVERIFY(desk.connects());
         QTRY_COMPARE(desk.text("modelNumberLineEdit"), QString("0.12"));
         QTRY_VERIFY(!desk.text("firmwareVersionLineEdit").isEmpty());
+        QCOMPARE(desk.find<QTableWidget>("eepromRegisterBank1Widget")->rowCount(), 0);
         QVERIFY(!desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
         QVERIFY(!desk.find<QToolButton>("vParamsEditSaveToolButton")->isEnabled());
+        for (const auto *box : desk.find<QTabWidget>("tabWidget")->findChildren<QAbstractSpinBox *>())
+            QVERIFY2(box->text().isEmpty() && !box->isEnabled(), qPrintable(box->objectName()));
     }
 
-    void oneShotOperations_data()
+    void oneShotOperationsLeaveTheServoWhereItWas()
     {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<int>("servoId");
-        QTest::addColumn<QString>("box");
-        QTest::newRow("reboot") << "actionReboot" << 3
-                                << BoxWatcher::success("Zelvar servo id:3 was rebooted successfully");
-        QTest::newRow("reset") << "actionReset" << 3
-                               << BoxWatcher::success("Factory reset of Zelvar servo id:3 was successful");
-        QTest::newRow("reset of an AX-12") << "actionReset" << 5
-                                           << BoxWatcher::success("Factory reset of Zelvar servo id:5 was successful");
-        QTest::newRow("nobody there") << "actionReboot" << 9 << QString();
-    }
-
-    void oneShotOperations()
-    {
-        QFETCH(QString, action);
-        QFETCH(int, servoId);
-        QFETCH(QString, box);
-        Desk desk(servoId);
-        desk.trigger(qPrintable(action));
-        QCOMPARE(desk.watcher.boxes, box.isEmpty() ? QStringList() : QStringList{box});
-        if (servoId != 3)
-            return;
-        desk.trigger("actionConnect"); // the servo kept its address and baud rate
-        QTRY_COMPARE(desk.status(), QString("Connected"));
+        Desk desk(3);
+        desk.trigger("actionReboot");
+        desk.trigger("actionReset");
+        QCOMPARE(desk.watcher.boxes,
+                 (QStringList{BoxWatcher::success("Zelvar servo id:3 was rebooted successfully"),
+                              BoxWatcher::success("Factory reset of Zelvar servo id:3 was successful")}));
+        QVERIFY(desk.connects());
     }
 
     void aKilledSimulatorEndsInOneBoxAndAtRest()
     {
         Desk desk(3);
-        desk.trigger("actionConnect");
-        QTRY_COMPARE(desk.status(), QString("Connected"));
+        QVERIFY(desk.connects());
         desk.simulator.kill();
         QTRY_COMPARE(desk.status(), QString("Disconnected"));
         QTRY_COMPARE(desk.watcher.boxes.size(), 1);
         QVERIFY(desk.watcher.boxes[0].contains("was lost"));
 
         // At rest: hardly any processor time is used while the event loop runs on.
-        const auto processorMicroseconds = [] {
-            rusage usage{};
-            getrusage(RUSAGE_SELF, &usage);
-            return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000000L + usage.ru_utime.tv_usec +
-                   usage.ru_stime.tv_usec;
-        };
-        const long before = processorMicroseconds();
+        const std::clock_t before = std::clock();
         bool isOver = false;
         QTimer::singleShot(300, this, [&isOver] { isOver = true; });
         QTRY_VERIFY(isOver);
-        QVERIFY(processorMicroseconds() - before < 150000);
+        QVERIFY(std::clock() - before < CLOCKS_PER_SEC * 3 / 20);
         QCOMPARE(desk.watcher.boxes.size(), 1);
         desk.trigger("actionConnect"); // the bus is no longer there
         QCOMPARE(desk.watcher.boxes.size(), 2);
     }
 
-    void closingInTheMiddleOfPolling()
-    {
-        Desk desk(0);
-        desk.trigger("actionConnect");
-        QTRY_COMPARE(desk.status(), QString("Connected"));
-        desk.window->close();
-        desk.window.reset();
-    }
-
-    void anEditReachesTheServoAndNothingElseChanges()
+    void anEditReachesTheServo()
     {
         Desk desk(3);
-        desk.trigger("actionConnect");
+        QVERIFY(desk.connects());
         QTRY_VERIFY(!desk.text("actualPositionLineEdit").isEmpty());
-        desk.showTab(1);
-        QTRY_COMPARE(desk.cell("ramRegisterBank1TableWidget", TargetPositionRow), QString("0x00"));
-        const auto registers = [&desk] {
-            QStringList cells;
-            for (const char *table : {"eepromRegisterBank1Widget", "eepromRegisterBank2Widget",
-                                      "ramRegisterBank1TableWidget"}) {
-                for (int row = 0; row < desk.find<QTableWidget>(table)->rowCount(); ++row)
-                    cells.append(desk.cell(table, row));
-            }
-            return cells;
-        };
-        QStringList expected = registers();
-        desk.showTab(0);
-
         desk.click("vParamsEditSaveToolButton");
         auto *target = desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox");
         QVERIFY(target->isEnabled());
@@ -184,20 +96,23 @@ private Q_SLOTS:
         target->setValue(1.0);
         desk.click("vParamsEditSaveToolButton");
 
-        const int raw = int(1.0 * 4096 / 6.283185307178);
-        const int index = 27 + 14 + TargetPositionRow; // behind the rows of the non-volatile banks
-        for (int byte = 0; byte < 4; ++byte)
-            expected[index + byte] = QString("0x%1").arg((raw >> (8 * byte)) & 0xFF, 2, 16, QLatin1Char('0'));
+        constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
+        const QStringList bytes{"0x8b", "0x02", "0x00", "0x00"}; // 651 counts
         desk.showTab(1);
-        QTRY_COMPARE(registers(), expected);
+        for (int byte = 0; byte < 4; ++byte)
+            QTRY_COMPARE(desk.cell("ramRegisterBank1TableWidget", TargetPositionRow + byte), bytes[byte]);
+        QTRY_COMPARE(desk.cell("eepromRegisterBank1Widget", 3), QString("0x03"));
         desk.showTab(0);
         QTRY_COMPARE(target->value(), 0.999); // what the servo has: whole counts, none rounded up
+        desk.trigger("actionDisconnect");
+        QCOMPARE(desk.status(), QString("Disconnected"));
+        QCOMPARE(desk.watcher.boxes, QStringList());
     }
 
     void theMotorMovesAndLocksTheNonVolatileParameters()
     {
         Desk desk(3);
-        desk.trigger("actionConnect");
+        QVERIFY(desk.connects());
         QTRY_VERIFY(!desk.text("actualPositionLineEdit").isEmpty());
         QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
         desk.click("vParamsEditSaveToolButton");
@@ -207,46 +122,6 @@ private Q_SLOTS:
         QTRY_VERIFY(desk.find<QCheckBox>("isMovingCheckBox")->isChecked());
         QTRY_VERIFY(!desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
         QTRY_VERIFY_WITH_TIMEOUT(qAbs(desk.text("actualPositionLineEdit").toDouble() - 0.5) < 0.02, 20000);
-
-        desk.click("vParamsEditSaveToolButton");
-        desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(false);
-        desk.click("vParamsEditSaveToolButton");
-        QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
-    }
-
-    void anAppliedAddressIsWhereTheNextConnectionGoes()
-    {
-        Desk desk(3);
-        desk.trigger("actionConnect");
-        QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
-        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 3);
-        desk.click("nvParamsEditSaveToolButton");
-        desk.find<QSpinBox>("idSpinBox")->setValue(9);
-        desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
-        desk.click("nvParamsEditSaveToolButton");
-        QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
-        desk.window.reset();
-        desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
-        desk.window->show();
-        desk.trigger("actionConnect");
-        QTRY_COMPARE(desk.status(), QString("Connected"));
-        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 9);
-    }
-
-    void theOperatingModeMovesTheLocks()
-    {
-        Desk desk(3);
-        desk.trigger("actionConnect");
-        QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
-        QTRY_COMPARE(desk.find<QComboBox>("operatingModeComboBox")->currentText(), QString("Joint"));
-        desk.click("nvParamsEditSaveToolButton");
-        desk.find<QComboBox>("operatingModeComboBox")->setCurrentText("Wheel");
-        desk.click("nvParamsEditSaveToolButton");
-        desk.click("vParamsEditSaveToolButton");
-        QTRY_VERIFY(desk.find<QDoubleSpinBox>("targetAngularVelocityDoubleSpinBox")->isEnabled());
-        QVERIFY(!desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->isEnabled());
-        desk.click("vParamsCancelToolButton");
-        QVERIFY(!desk.find<QDoubleSpinBox>("targetAngularVelocityDoubleSpinBox")->isEnabled());
     }
 };
 

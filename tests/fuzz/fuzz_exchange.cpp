@@ -33,13 +33,11 @@ QByteArray makeAnswer(FuzzInput &input, const BusRequest &request)
 void checkReply(const Exchange &exchange)
 {
     const BusRequest &request = exchange.request();
+    const bool isRead = request.operation == BusRequest::Operation::Read;
     const QByteArray reply = exchange.reply();
     require(exchange.answeredIn().has_value());
-    if (request.operation == BusRequest::Operation::Read) {
-        require(reply.size() == request.length + replylayout::ReadOverhead);
-    } else {
-        require(reply.size() == 6 && static_cast<quint8>(reply[2]) == request.id);
-    }
+    require(reply.size() == (isRead ? request.length + replylayout::ReadOverhead : 6));
+    require(isRead || static_cast<quint8>(reply[2]) == request.id);
 }
 
 } // namespace
@@ -60,31 +58,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
     int transmissions = 1;
     while (!input.isUsedUp()) {
         require(sent.patience.count() >= 0);
-        Exchange::Progress progress = Exchange::Progress::Waiting;
-        switch (input.byte() % 4) {
-        case 0:
-            progress = exchange.take(input.bytes(24));
-            break;
-        case 1:
-            progress = exchange.take(makeAnswer(input, request));
-            break;
-        case 2:
-            progress = exchange.take(sent.packet); // the echo of a half-duplex adapter
-            break;
-        case 3:
-            if (const auto next = exchange.timeOut()) {
-                sent = *next;
-                require(++transmissions <= MostTransmissions);
-            } else {
-                sent = exchange.begin();
-                transmissions = 1;
-            }
-            break;
+        const int event = input.byte() % 4;
+        const auto next = event == 3 ? exchange.timeOut() : std::nullopt;
+        if (next) {
+            sent = *next;
+            require(++transmissions <= MostTransmissions);
+        } else if (event == 3) {
+            sent = exchange.begin();
+            transmissions = 1;
         }
-        if (progress == Exchange::Progress::Answered) {
+        const auto progress = event == 0   ? exchange.take(input.bytes(24))
+                              : event == 1 ? exchange.take(makeAnswer(input, request))
+                              : event == 2 ? exchange.take(sent.packet) // the echo of a half-duplex adapter
+                                           : Exchange::Progress::Waiting;
+        if (progress == Exchange::Progress::Answered)
             checkReply(exchange);
-            return 0;
-        }
         if (progress != Exchange::Progress::Waiting)
             return 0;
     }

@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QApplication>
-#include <QEvent>
-#include <QMessageBox>
-#include <QObject>
-#include <QStringList>
-#include <QTimer>
+#include <QtWidgets>
 
 /** Answers every message box with its default button as soon as it shows, and keeps what it said. */
 class BoxWatcher : public QObject

@@ -13,7 +13,7 @@
 #include "widgets/uigrouphelper.h"
 #include "widgets/zelvargrouptoolbutton.h"
 
-#include <QSettings>
+#include <QtTest>
 
 /** An edit view with the helpers around it, fed with register tables in place of a servo. */
 class ConnectedEditView
@@ -26,12 +26,11 @@ public:
     {
         qRegisterMetaType<uint8_t>("uint8_t");
         chooseUnits(unit);
-        const auto makeDependencies = [] {
-            return ModeDependencies{std::make_shared<OperationModeController>(),
-                                    std::make_shared<InputModeController>()};
-        };
         ProcessWide<DeviceHelper>::instance() = std::make_shared<DeviceHelper>(
-            std::make_shared<SerialHelper>(), [] {}, makeDependencies);
+            std::make_shared<SerialHelper>(), [] {}, [] {
+                return ModeDependencies{std::make_shared<OperationModeController>(),
+                                        std::make_shared<InputModeController>()};
+            });
         view = std::make_unique<EditView>();
     }
 
@@ -62,9 +61,16 @@ public:
     {
         groups().linkUp();
         QByteArray reply(13, '\0');
-        reply[5] = char(modelNumber & 0xFF);
-        reply[6] = char(modelNumber >> 8);
+        put(reply, 5, 2, modelNumber);
         ProcessWide<DeviceHelper>::instance()->onModelNumberRead(reply);
+    }
+
+    /** A register table with the operating mode Joint and zeros. */
+    static QByteArray jointTable()
+    {
+        QByteArray table(TableSize, '\0');
+        table[6] = 2;
+        return table;
     }
 
     /** One poll that reads @p table. */

@@ -5,15 +5,7 @@
 #include "tests/support/boxwatcher.h"
 #include "tests/support/simulatorprocess.h"
 
-#include <QAction>
-#include <QLineEdit>
-#include <QStatusBar>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTest>
-#include <QToolButton>
-
-#include <memory>
+#include <QtTest>
 
 /** A window on a simulated bus, and what its user does and sees. */
 struct Desk
@@ -34,6 +26,12 @@ struct Desk
     void trigger(const char *name) const { find<QAction>(name)->trigger(); }
     void click(const char *name) const { QTest::mouseClick(find<QToolButton>(name), Qt::LeftButton); }
     void showTab(int index) const { find<QTabWidget>("tabWidget")->setCurrentIndex(index); }
+    /** Triggers the connection. @return whether it came about within a few seconds. */
+    bool connects() const
+    {
+        trigger("actionConnect");
+        return QTest::qWaitFor([this] { return status() == "Connected"; });
+    }
     QString status() const { return window->statusBar()->currentMessage(); }
     QString text(const char *lineEdit) const { return find<QLineEdit>(lineEdit)->text(); }
     /** The byte that the register view shows, in hexadecimal; empty when it shows none. */

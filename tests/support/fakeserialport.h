@@ -30,6 +30,18 @@ public:
     QByteArray immediateReply;
     std::vector<std::shared_ptr<SerialPortItem>> ports;
 
+    void listPorts(const QStringList &names)
+    {
+        for (const QString &name : names)
+            ports.push_back(std::make_shared<SerialPortItem>(name, QString(), QString(), "/dev/" + name, 0, 0));
+    }
+    QStringList operations() const
+    {
+        QStringList names;
+        for (const Call &call : calls)
+            names.append(call.operation);
+        return names;
+    }
     /** Hands @p bytes over as received ones of the latest request. */
     void deliver(const QByteArray &bytes)
     {

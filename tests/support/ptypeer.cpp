@@ -63,17 +63,10 @@ void PtyPeer::run()
             continue;
         char buffer[512];
         const ssize_t size = ::read(m_master, buffer, sizeof buffer);
-        if (size <= 0)
-            continue;
-        const QByteArray bytes(buffer, static_cast<int>(size));
+        const QByteArray bytes(buffer, static_cast<int>(qMax<ssize_t>(size, 0)));
         parser1.append(bytes);
         parser2.append(bytes);
-        for (;;) {
-            auto packet = parser2.next();
-            if (!packet)
-                packet = parser1.next();
-            if (!packet)
-                break;
+        for (auto packet = parser2.next(); packet || (packet = parser1.next()); packet = parser2.next()) {
             {
                 const std::lock_guard<std::mutex> guard(m_mutex);
                 m_received.append(*packet);

@@ -9,7 +9,6 @@ SimulatorProcess::SimulatorProcess(const QStringList &arguments)
             return;
     }
     m_readyLine = QString::fromLocal8Bit(m_process.readLine()).trimmed();
-    m_name = m_readyLine.section(QLatin1Char(' '), 0, 0);
 }
 
 SimulatorProcess::~SimulatorProcess()

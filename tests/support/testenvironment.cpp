@@ -1,8 +1,5 @@
 #include "tests/support/testenvironment.h"
 
-#include <QLocale>
-#include <QSettings>
-
 #include <cstdio>
 
 namespace {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QApplication>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 /**
  * What every test program runs in: no display, settings and published buses in a temporary folder of its own, the
@@ -18,6 +17,22 @@ public:
 
 private:
     QTemporaryDir m_folder;
+};
+
+/** Names the row of a table that a test goes through, should the test fail in it. */
+class InRow
+{
+public:
+    explicit InRow(const QString &name) : m_name(name) {}
+    ~InRow()
+    {
+        if (QTest::currentTestFailed())
+            qInfo("in the row \"%s\"", qPrintable(m_name));
+    }
+    Q_DISABLE_COPY(InRow)
+
+private:
+    QString m_name;
 };
 
 /** The main function of a test program around one test class. */

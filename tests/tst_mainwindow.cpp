@@ -1,6 +1,7 @@
 // The window's sequences: connect, disconnect, reboot and factory reset, with their boxes, over a serial port that does
 // what the test says.
 
+#include "app/framelimiter.h"
 #include "app/mainwindow.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
@@ -45,6 +46,17 @@ struct Fixture
         trigger("actionConnect");
         port->deliver(QByteArray(2 + 11, '\0'));
         QTRY_VERIFY(port->operations().count("read") >= 2);
+    }
+};
+
+struct PaintedLabel : QLabel
+{
+    QStringList painted;
+
+    void paintEvent(QPaintEvent *event) override
+    {
+        painted.append(text());
+        QLabel::paintEvent(event);
     }
 };
 
@@ -111,13 +123,15 @@ private Q_SLOTS:
         fixture.port->deliver(QByteArray(2 + 11, '\0'));
         QCOMPARE(fixture.status(), QString("Connected"));
         QCOMPARE(fixture.rows(), 27);
+        const auto *edit = fixture.window->findChild<QToolButton *>("vParamsEditSaveToolButton");
+        QVERIFY(edit->isEnabled());
         QTRY_COMPARE(fixture.port->calls.last().length, 118);
         QCOMPARE(fixture.port->calls.last().id, 3);
 
         fixture.trigger("actionDisconnect");
         QCOMPARE(fixture.enabledActions(), WhenDisconnected);
         QCOMPARE(fixture.status(), QString("Disconnected"));
-        QCOMPARE(fixture.rows(), 0);
+        QVERIFY(fixture.rows() == 0 && !edit->isEnabled());
         QVERIFY(fixture.port->operations().last() != "close"); // an exchange under way may finish
         QTRY_COMPARE(fixture.port->operations().last(), QString("close"));
         QCOMPARE(fixture.watcher.boxes, QStringList());
@@ -143,6 +157,8 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.port->operations().count("close"), 1);
         fixture.trigger("actionDisconnect");
         QTRY_COMPARE(fixture.port->operations().count("close"), 2);
+        Q_EMIT fixture.port->connectionLost("It is gone."); // nobody's concern any more
+        QCOMPARE(fixture.watcher.boxes, QStringList());
     }
 
     void aServoThatFallsSilentIsToldOfUntilItAnswersAgain()
@@ -206,6 +222,24 @@ private Q_SLOTS:
                 QCOMPARE(fixture.enabledActions(), WhenDisconnected);
             }
         }
+    }
+
+    void paintingsAreLimitedAndTheLastOneIsNeverLost()
+    {
+        constexpr int Changes = 200;
+        PaintedLabel label;
+        label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&label));
+        const FrameLimiter limiter(label);
+        label.painted.clear();
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 1; i <= Changes; ++i) {
+            label.setText(QString::number(i));
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(label.painted.size() <= 2 + timer.elapsed() / 33);
+        QTRY_COMPARE(label.painted.value(label.painted.size() - 1), QString::number(Changes));
     }
 };
 

@@ -199,7 +199,8 @@ void MainWindow::on_actionConnect_triggered()
 void MainWindow::on_actionDisconnect_triggered()
 {
     m_watch->stop();
-    m_scheduler->stopScheduler();
+    if (m_scheduler)
+        m_scheduler->stopScheduler();
     ProcessWide<UiGroupHelper>::instance()->linkDown();
     m_registerView->disconnectDevice();
     setLinkUp(false);

@@ -7,13 +7,9 @@
 #include "search/searchdialog.h"
 #include "tests/support/connectededitview.h"
 #include "tests/support/fakeserialport.h"
-#include "tests/support/testenvironment.h"
 #include "widgets/zelvarparametersgroupbox.h"
 
 namespace {
-
-constexpr quint16 OwnFamily = 0x0102;
-constexpr quint16 Ax12 = 12;
 
 bool needsName(QAccessibleInterface &element)
 {
@@ -97,7 +93,6 @@ private Q_SLOTS:
     {
         const std::tuple<const char *, int, int, quint32, const char *> rows[] = {
             {"Position (radians):",               86, 4, 2048,   "3.142"    },
-            {"ID:",                               3,  1, 17,     "17"       },
             {"Target torque (Nm):",               84, 2, 1500,   "1.50"     },
             {"Operating mode:",                   6,  1, 2,      "Joint"    },
             {"Direction of the torque",           84, 2, 0x8001, "Clockwise"},
@@ -123,6 +118,7 @@ private Q_SLOTS:
             {"targetPositionDoubleSpinBox",           0, "78–81: Target position\nRange: -1602.211 to 1602.211 radians"},
             {"counterClockwiseLimitDoubleSpinBox",    1, "9–10: CCW angle limit\nRange: -180.00 to 180.00 degrees"     },
             {"temperatureLimitDoubleSpinBox",         1, "11: Upper temperature limit\nRange: 32.0 to 491.0 °F"        },
+            {"quadratureCurrentLimitDoubleSpinBox",   0, "14–15: Torque limit\nRange: 0.00 to 5.00 Nm"                  },
             {"ackResponseTimeSpinBox",                0, "5: Acknowledge response time\nRange: 0 to 508 μs"            },
             {"positionProportionalTermDoubleSpinBox", 0, "54–55: Position proportional gain\nRange: 0.0 to 200.0"      },
             {"modelNumberLineEdit",                   0, "0–1: Model number"                                           },
@@ -131,7 +127,7 @@ private Q_SLOTS:
         };
         for (const auto &[name, unit, tip] : rows) {
             ConnectedEditView desk(unit);
-            desk.connectTo(OwnFamily);
+            desk.connectTo(0x0102);
             QCOMPARE(desk.child(name).toolTip(), QString("Register ") + tip);
         }
     }
@@ -147,11 +143,11 @@ private Q_SLOTS:
         };
         const int all = without();
         QVERIFY(all > 40);
-        desk.connectTo(OwnFamily);
+        desk.connectTo(0x0102);
         QCOMPARE(without(), 0);
         desk.groups().linkDown();
         QCOMPARE(without(), all);
-        desk.connectTo(Ax12); // its registers mean something else
+        desk.connectTo(12); // an AX-12, whose registers mean something else
         QCOMPARE(without(), all);
         QSet<QString> texts;
         for (const auto *group : desk.view->findChildren<ZelvarParametersGroupBox *>())

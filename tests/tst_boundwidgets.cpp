@@ -1,5 +1,4 @@
 #include "tests/support/connectededitview.h"
-#include "tests/support/testenvironment.h"
 
 #include "widgets/zelvarcheckbox.h"
 #include "widgets/zelvarcombobox.h"
@@ -126,16 +125,19 @@ private Q_SLOTS:
             const InRow row(name);
             ConnectedEditView fixture;
             auto &label = fixture.child<QLabel>("targetPositionLabel");
+            auto &angle = fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox");
             const QByteArray table = tableWith(address, size, raw, mode);
             fixture.connectAndFeed(table);
             fixture.chooseUnits(1);
             fixture.feed(table);
             QCOMPARE(shown(fixture.child(name)), QVariant(inFirstUnit));
             QCOMPARE(label.text(), QString("Target position (radians):"));
+            QCOMPARE(angle.singleStep(), 0.001533980787885254); // one count
             fixture.groups().linkDown();
             fixture.connectAndFeed(table);
             QCOMPARE(shown(fixture.child(name)), QVariant(inSecondUnit));
             QCOMPARE(label.text(), QString("Target position (degrees):"));
+            QCOMPARE(angle.singleStep(), 0.0);
         }
     }
 

@@ -4,7 +4,6 @@
 #include "link/processwide.h"
 #include "search/searchdialog.h"
 #include "tests/support/desk.h"
-#include "tests/support/testenvironment.h"
 #include "widgets/uigrouphelper.h"
 
 namespace {
@@ -53,15 +52,14 @@ struct WatchedDesk : Desk
     bool connectToServo()
     {
         constexpr int Attempts = 8;
-        for (int i = 0; i < Attempts && boxes() == 0; ++i) {
+        for (int i = 0; i < Attempts && watcher.boxes.isEmpty(); ++i) {
             trigger("actionConnect");
-            if (QTest::qWaitFor([this] { return status() != "Disconnected" || boxes() > 0; }, 500))
+            if (QTest::qWaitFor([this] { return status() != "Disconnected" || !watcher.boxes.isEmpty(); }, 500))
                 return status() == "Connected";
             trigger("actionDisconnect");
         }
         return false;
     }
-    int boxes() const { return watcher.boxes.size(); }
     QString targetPosition() const
     {
         QString bytes;
@@ -115,9 +113,9 @@ class TestFaults : public QObject
             {"actionReboot", "Zelvar servo id:3 was rebooted successfully"},
             {"actionReset", "Factory reset of Zelvar servo id:3 was successful"}};
         for (const auto &[action, text] : steps) {
-            const int before = desk.boxes();
+            const int before = desk.watcher.boxes.size();
             desk.trigger(action);
-            QVERIFY(desk.boxes() <= before + 1);
+            QVERIFY(desk.watcher.boxes.size() <= before + 1);
             desk.watcher.boxes.removeAll(BoxWatcher::success(text));
         }
     }

@@ -1,5 +1,4 @@
 #include "tests/support/connectededitview.h"
-#include "tests/support/testenvironment.h"
 
 #include <map>
 

@@ -110,7 +110,6 @@ private Q_SLOTS:
         constexpr auto target = Register::TargetPosition;
         const std::tuple<const char *, int, std::vector<RegisterWrite>, int, int, qint32, qint32> rows[] = {
             {"torque", 0, {{Register::TargetTorque, Clockwise | 9000, 2}}, 3, position, -5000, -1500},
-            {"wheel", 1, {{Register::TargetVelocity, 1500, 2}}, 3, velocity, 1490, 1510},
             {"clockwise", 1, {{Register::TargetVelocity, Clockwise | 1500, 2}}, 3, position, -4000, -1500},
             {"offset", 2, {{Register::HomeOffset, 500, 4}, {target, 1000, 4}}, 5, position, 999, 1001},
             {"limit", 2, {{Register::CounterClockwiseLimit, 1023, 2}, {target, 9000, 4}}, 8, position, 1022, 1025},

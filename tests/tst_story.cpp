@@ -109,6 +109,24 @@ private Q_SLOTS:
         QCOMPARE(desk.watcher.boxes, QStringList());
     }
 
+    void anAppliedAddressIsWhereTheNextConnectionGoes()
+    {
+        Desk desk(3);
+        QVERIFY(desk.connects());
+        QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
+        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 3);
+        desk.click("nvParamsEditSaveToolButton");
+        desk.find<QSpinBox>("idSpinBox")->setValue(9);
+        desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
+        desk.click("nvParamsEditSaveToolButton");
+        QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
+        desk.window.reset();
+        desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
+        desk.window->show();
+        QVERIFY(desk.connects());
+        QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 9);
+    }
+
     void theMotorMovesAndLocksTheNonVolatileParameters()
     {
         Desk desk(3);

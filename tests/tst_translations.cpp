@@ -105,14 +105,14 @@ class TestTranslations : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyTextIsTranslated_data()
+    void everyTextOfTheProgramIsTranslated_data()
     {
         QTest::addColumn<QString>("path");
         for (const QString &name : Catalogues.entryList({"zelvar_*.ts"}))
             QTest::newRow(qPrintable(name)) << Catalogues.filePath(name);
     }
 
-    void everyTextIsTranslated()
+    void everyTextOfTheProgramIsTranslated()
     {
         QFETCH(QString, path);
         const QVector<Message> messages = messagesOf(path);
@@ -124,13 +124,7 @@ private Q_SLOTS:
                 flaws.append(message.key + ": " + found);
         }
         QVERIFY2(flaws.isEmpty(), qPrintable(flaws.join('\n')));
-    }
 
-    void noTextOfTheProgramIsMissing_data() { everyTextIsTranslated_data(); }
-
-    void noTextOfTheProgramIsMissing()
-    {
-        QFETCH(QString, path);
         const QTemporaryDir folder;
         const QString current = folder.filePath("zelvar_en.ts");
         QProcess update;
@@ -141,8 +135,7 @@ private Q_SLOTS:
         QVERIFY(update.waitForFinished());
         QCOMPARE(update.exitCode(), 0);
         const QSet<QString> texts = keysOf(messagesOf(current));
-        const QSet<QString> translated = keysOf(messagesOf(path));
-        QVERIFY(texts.size() > 200);
+        const QSet<QString> translated = keysOf(messages);
         QCOMPARE((texts - translated).values(), QStringList());
         QCOMPARE((translated - texts).values(), QStringList());
     }

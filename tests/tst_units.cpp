@@ -25,9 +25,7 @@ private Q_SLOTS:
         const std::tuple<const char *, qint32, qint32, double, double> rows[] = {
             {"rpm, with the literal 2 pi", 0,  1, 1.0,            9.549296585516132},
             {"degrees",                    1,  1, 6.283185307178, 360.0            },
-            {"kg-cm",                      3,  1, 2.0,            20.39432         },
             {"A is what converts",         5,  0, 250.0,          0.25             },
-            {"deg F",                      6,  1, 100.0,          212.0            },
             {"no id at all",               -1, 1, 3.5,            3.5              },
         };
         for (const auto &[name, fieldId, unitIndex, base, display] : rows) {

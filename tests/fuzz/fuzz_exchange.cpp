@@ -48,10 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
     FuzzInput input(bytes, size);
     const BusRequest request = makeRequest(input);
     const Framing first = input.byte() % 2 ? Framing::Protocol1 : Framing::Protocol2;
-    const quint8 knowledge = input.byte() % 3;
-    const auto known = knowledge == 0   ? std::nullopt
-                       : knowledge == 1 ? std::make_optional(Framing::Protocol1)
-                                        : std::make_optional(Framing::Protocol2);
+    const std::optional<Framing> knowledge[] = {std::nullopt, Framing::Protocol1, Framing::Protocol2};
+    const auto known = knowledge[input.byte() % 3];
     Exchange exchange(request, first, known, 1 + input.byte() * 10000);
 
     auto sent = exchange.begin();

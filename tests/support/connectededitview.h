@@ -9,11 +9,10 @@
 #include "link/processwide.h"
 #include "link/serialhelper.h"
 #include "settings/settingsdialog.h"
+#include "tests/support/testenvironment.h"
 #include "views/editview.h"
 #include "widgets/uigrouphelper.h"
 #include "widgets/zelvargrouptoolbutton.h"
-
-#include <QtTest>
 
 /** An edit view with the helpers around it, fed with register tables in place of a servo. */
 class ConnectedEditView

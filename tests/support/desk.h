@@ -4,8 +4,7 @@
 #include "settings/settings.h"
 #include "tests/support/boxwatcher.h"
 #include "tests/support/simulatorprocess.h"
-
-#include <QtTest>
+#include "tests/support/testenvironment.h"
 
 /** A window on a simulated bus, and what its user does and sees. */
 struct Desk

@@ -111,7 +111,14 @@ private Q_SLOTS:
 
     void anAppliedAddressIsWhereTheNextConnectionGoes()
     {
-        Desk desk(3);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("state");
+        const auto state = [&path] {
+            QFile file(path);
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        Desk desk(3, {"--state", path});
+        const QByteArray before = state();
         QVERIFY(desk.connects());
         QTRY_VERIFY(desk.find<QToolButton>("nvParamsEditSaveToolButton")->isEnabled());
         QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 3);
@@ -120,6 +127,7 @@ private Q_SLOTS:
         desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
         desk.click("nvParamsEditSaveToolButton");
         QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
+        QTRY_VERIFY(state() != before); // the servo has it: no more on its way
         desk.window.reset();
         desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
         desk.window->show();

@@ -70,6 +70,7 @@ SearchDialog::SearchDialog(std::shared_ptr<SerialHelper> serialHelper)
     m_rememberedUpper = m_ui->upperSearchRangeSpinBox->value();
     groupBaudRates();
     makeConnections();
+    markCurrentEntry(*m_ui->serialPortInfoListBox);
     listPorts();
 }
 

@@ -2,7 +2,16 @@
 
 #include "serialport/serialportitem.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QStyledItemDelegate>
+
+void markCurrentEntry(QComboBox &list)
+{
+    list.setItemDelegate(new QStyledItemDelegate(&list)); // the default one paints entries of a menu
+    list.view()->setStyleSheet(QStringLiteral(
+        "selection-background-color: palette(highlight); selection-color: palette(highlighted-text);"));
+}
 
 void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,
                   const QString &notAvailable)

@@ -18,6 +18,9 @@ enum PortDetail
     ProductIdentifier, ///< hexadecimal
 };
 
+/** Marks the entry under the pointer, which the background that a dialog gives its lists would hide. */
+void markCurrentEntry(QComboBox &list);
+
 /**
  * Fills @p list with @p ports, in place of what it had; the text chosen in it stays chosen while it is among them.
  * What a port does not tell reads @p notAvailable.

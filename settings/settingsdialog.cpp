@@ -84,6 +84,9 @@ SettingsDialog::SettingsDialog(std::shared_ptr<SerialHelper> serialHelper)
     m_ui->baudRateBox->setInsertPolicy(QComboBox::NoInsert);
     makeConnections();
     fillParameters();
+    const auto lists = findChildren<QComboBox *>();
+    for (QComboBox *list : lists)
+        markCurrentEntry(*list);
     fillPorts();
     loadPort();
     loadUnits();

@@ -22,6 +22,10 @@ if(UNIX)
     foreach(program IN LISTS zelvar_programs)
         install(FILES packaging/man/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     endforeach()
+    # The man pages say where the guide is.
+    set(zelvar_doc_dir ${CMAKE_INSTALL_DATADIR}/doc/zelvar-servo-manager)
+    install(FILES docs/user-guide.md DESTINATION ${zelvar_doc_dir})
+    install(DIRECTORY docs/screenshots DESTINATION ${zelvar_doc_dir} FILES_MATCHING PATTERN "*.png")
 endif()
 
 # The menu entry, the software centre's page and the icons find each other by one name. macOS and Windows have their

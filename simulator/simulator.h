@@ -28,6 +28,7 @@ public:
     QString name() const { return m_publication.name(); }
     /** The serial device file of the bus. */
     QString devicePath() const { return m_port.devicePath(); }
+    const SimulatedBus::Servos &servos() const { return m_bus.servos(); }
 
 Q_SIGNALS:
     /** The port is to go away. @p error is empty when that was asked for. */

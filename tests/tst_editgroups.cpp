@@ -1,87 +1,5 @@
 #include "tests/support/connectededitview.h"
-
-#include "widgets/zelvarcombobox.h"
-#include "widgets/zelvardoublespinbox.h"
-#include "widgets/zelvarspinbox.h"
-
-namespace {
-/** Where a field's value stands in the servo. */
-struct Place
-{
-    const char *control;
-    int address;
-    int size;
-    quint32 mask = 0xFFFFFFFF;
-
-    bool isVolatile() const { return address >= 48; }
-    const char *group() const { return isVolatile() ? "v" : "nv"; }
-    /** The registers that are written together with it. */
-    QByteArray block(const QByteArray &table) const { return isVolatile() ? table.mid(48, 60) : table.mid(3, 38); }
-};
-
-// clang-format off
-constexpr Place Places[] = {
-    {"idSpinBox",                               3,  1},
-    {"baudRateComboBox",                        4,  1},
-    {"ackResponseTimeSpinBox",                  5,  1},
-    {"operatingModeComboBox",                   6,  1},
-    {"clockwiseLimitDoubleSpinBox",             7,  2},
-    {"counterClockwiseLimitDoubleSpinBox",      9,  2},
-    {"temperatureLimitDoubleSpinBox",           11, 1},
-    {"minVoltageLimitDoubleSpinBox",            12, 1},
-    {"maxVoltageLimitDoubleSpinBox",            13, 1},
-    {"quadratureCurrentLimitDoubleSpinBox",     14, 2},
-    {"angularVelocityLimitDoubleSpinBox",       16, 2},
-    {"accelerationLimitDoubleSpinBox",          18, 2},
-    {"hornPositionOffsetDoubleSpinBox",         20, 4},
-    {"movingThresholdDoubleSpinBox",            24, 2},
-    {"inputModeComboBox",                       26, 1},
-    {"defPositionProportionalTermDoubleSpinBox",27, 2},
-    {"defVelocityFeedforwardTermDoubleSpinBox", 29, 2},
-    {"defCurrentFeedforwardTermDoubleSpinBox",  31, 2},
-    {"defVelocityIntegralTermDoubleSpinBox",    33, 2},
-    {"defVelocityProportionalTermDoubleSpinBox",35, 2},
-    {"defAngularVelocityProfileDoubleSpinBox",  37, 2},
-    {"defAccelerationProfileDoubleSpinBox",     39, 2},
-    {"enableMotorCheckBox",                     48, 1},
-    {"pendingShadowInstructionCheckBox",        49, 1},
-    {"positionProportionalTermDoubleSpinBox",   54, 2},
-    {"velocityFeedforwardTermDoubleSpinBox",    56, 2},
-    {"currentFeedforwardTermDoubleSpinBox",     58, 2},
-    {"velocityIntegralTermDoubleSpinBox",       60, 2},
-    {"velocityProportionalTermDoubleSpinBox",   62, 2},
-    {"angularVelocityProfileDoubleSpinBox",     68, 2},
-    {"accelerationProfileDoubleSpinBox",        70, 2},
-    {"targetPositionDoubleSpinBox",             78, 4},
-    {"targetAngularVelocityDoubleSpinBox",      82, 2, 0x7FFF},
-    {"targetAngularVelocityDirectionComboBox",  82, 2, 0x8000},
-    {"targetTorqueDoubleSpinBox",               84, 2, 0x7FFF},
-    {"targetTorqueDirectionComboBox",           84, 2, 0x8000},
-};
-// clang-format on
-
-/** What @p place's register holds once value() of its control has been written. */
-quint32 registerBits(const Place &place, int value)
-{
-    if (place.address == 4)
-        return quint32(SerialHelper::baudRateRegisterValue(value));
-    return place.mask == 0x8000 ? (value > 0 ? 0x8000u : 0u) : quint32(value);
-}
-
-/** Changes a control to something else, as its user would be able to. */
-void change(QWidget &control, QRandomGenerator &random)
-{
-    if (auto *list = qobject_cast<ZelvarComboBox *>(&control))
-        list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) % (list->count() - 1));
-    else if (auto *box = qobject_cast<QCheckBox *>(&control))
-        box->toggle();
-    else if (auto *integer = qobject_cast<QSpinBox *>(&control))
-        integer->setValue(random.bounded(integer->minimum(), integer->maximum()));
-    else if (auto *number = qobject_cast<QDoubleSpinBox *>(&control))
-        number->setValue(number->minimum() + random.generateDouble() * (number->maximum() - number->minimum()));
-}
-
-} // namespace
+#include "tests/support/editedfield.h"
 
 class TestEditGroups : public QObject
 {
@@ -142,7 +60,7 @@ private Q_SLOTS:
         for (const int unit : {0, 1}) {
             ConnectedEditView fixture(unit);
             QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-            for (const Place &edited : Places) {
+            for (const EditedField &edited : EditedFields) {
                 QByteArray table(ConnectedEditView::TableSize, '\0');
                 for (char &byte : table)
                     byte = char(random.bounded(256));
@@ -151,18 +69,15 @@ private Q_SLOTS:
                 auto &control = fixture.child(edited.control);
                 dynamic_cast<IZelvarField &>(control).setLocked(false);
                 fixture.editSave(edited.group()).click();
-                change(control, random);
+                EditedField::change(control, random);
                 QVERIFY2(dynamic_cast<IGroupInputComponent &>(control).isDirty(), edited.control);
                 const int value = dynamic_cast<IUnitDataField &>(control).value();
                 fixture.editSave(edited.group()).click();
 
-                QByteArray expected = table;
-                const quint32 kept = fixture.number(table, edited.address, edited.size) & ~edited.mask;
-                fixture.put(expected, edited.address, edited.size,
-                            kept | (registerBits(edited, value) & edited.mask));
                 QCOMPARE(writes.size(), 1);
                 QCOMPARE(int(writes.first().at(0).value<uint8_t>()), edited.isVolatile() ? 48 : 3);
-                QCOMPARE(writes.first().at(1).toByteArray().toHex(), edited.block(expected).toHex());
+                QCOMPARE(writes.first().at(1).toByteArray().toHex(),
+                         edited.block(edited.written(table, value)).toHex());
                 writes.clear();
                 fixture.groups().linkDown();
             }
@@ -255,7 +170,7 @@ private Q_SLOTS:
             if (next->focusPolicy() & Qt::TabFocus)
                 reached << next->objectName();
         }
-        for (const Place &place : Places)
+        for (const EditedField &place : EditedFields)
             QVERIFY2(reached.contains(QLatin1String(place.control)), place.control);
     }
 };

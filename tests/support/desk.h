@@ -6,10 +6,15 @@
 #include "tests/support/simulatorprocess.h"
 #include "tests/support/testenvironment.h"
 
-/** A window on a simulated bus, and what its user does and sees. */
-struct Desk
+/**
+ * A window on a simulated bus, and what its user does and sees.
+ *
+ * @tparam Simulator publishes the bus for as long as it lives; made from the arguments of zelvar-servo-simulator.
+ */
+template <class Simulator>
+struct DeskWith
 {
-    explicit Desk(int servoId, const QStringList &simulatorArguments = {}) : simulator(simulatorArguments)
+    explicit DeskWith(int servoId, const QStringList &simulatorArguments = {}) : simulator(simulatorArguments)
     {
         Settings("main window settings").setValue("servoId", servoId);
         Settings("main window settings").setValue("pollingInterval", 10);
@@ -46,6 +51,9 @@ struct Desk
     }
 
     BoxWatcher watcher;
-    SimulatorProcess simulator;
+    Simulator simulator;
     std::unique_ptr<MainWindow> window;
 };
+
+/** The simulator is a process of its own. */
+using Desk = DeskWith<SimulatorProcess>;

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "link/serialhelper.h"
+#include "widgets/zelvarcombobox.h"
+#include "widgets/zelvardoublespinbox.h"
+#include "widgets/zelvarspinbox.h"
+
+#include <QCheckBox>
+#include <QRandomGenerator>
+
+/** A field that users edit, and where its value stands in the servo of the own family. */
+struct EditedField
+{
+    static constexpr int FirstVolatile = 48;
+    static constexpr int BaudRateRegister = 4;
+    static constexpr quint32 DirectionBit = 0x8000;
+
+    const char *control;
+    int address;
+    int size; ///< bytes, the lowest one first
+    quint32 mask = 0xFFFFFFFF;
+
+    bool isVolatile() const { return address >= FirstVolatile; }
+    /** What the names of its group's buttons begin with. */
+    const char *group() const { return isVolatile() ? "v" : "nv"; }
+    /** The registers of @p table that are written together with it. */
+    QByteArray block(const QByteArray &table) const
+    {
+        return isVolatile() ? table.mid(48, 60) : table.mid(3, 38);
+    }
+
+    /** @p table once value() of the control, @p value, has been written to it. */
+    QByteArray written(QByteArray table, int value) const
+    {
+        const quint32 bits = registerBits(value) & mask;
+        for (int i = 0; i < size; ++i) {
+            const quint8 kept = quint8(table[address + i]) & quint8(~mask >> (8 * i));
+            table[address + i] = char(kept | quint8(bits >> (8 * i)));
+        }
+        return table;
+    }
+
+    /** Changes the control to something else, as its user would be able to. */
+    static void change(QWidget &control, QRandomGenerator &random)
+    {
+        if (auto *list = qobject_cast<ZelvarComboBox *>(&control))
+            list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) %
+                                  (list->count() - 1));
+        else if (auto *box = qobject_cast<QCheckBox *>(&control))
+            box->toggle();
+        else if (auto *integer = qobject_cast<QSpinBox *>(&control))
+            integer->setValue(random.bounded(integer->minimum(), integer->maximum()));
+        else if (auto *number = qobject_cast<QDoubleSpinBox *>(&control))
+            number->setValue(number->minimum() +
+                             random.generateDouble() * (number->maximum() - number->minimum()));
+    }
+
+private:
+    quint32 registerBits(int value) const
+    {
+        if (address == BaudRateRegister)
+            return quint32(SerialHelper::baudRateRegisterValue(value));
+        return mask == DirectionBit ? (value > 0 ? DirectionBit : 0) : quint32(value);
+    }
+};
+
+// clang-format off
+inline constexpr EditedField EditedFields[] = {
+    {"idSpinBox",                               3,  1},
+    {"baudRateComboBox",                        4,  1},
+    {"ackResponseTimeSpinBox",                  5,  1},
+    {"operatingModeComboBox",                   6,  1},
+    {"clockwiseLimitDoubleSpinBox",             7,  2},
+    {"counterClockwiseLimitDoubleSpinBox",      9,  2},
+    {"temperatureLimitDoubleSpinBox",           11, 1},
+    {"minVoltageLimitDoubleSpinBox",            12, 1},
+    {"maxVoltageLimitDoubleSpinBox",            13, 1},
+    {"quadratureCurrentLimitDoubleSpinBox",     14, 2},
+    {"angularVelocityLimitDoubleSpinBox",       16, 2},
+    {"accelerationLimitDoubleSpinBox",          18, 2},
+    {"hornPositionOffsetDoubleSpinBox",         20, 4},
+    {"movingThresholdDoubleSpinBox",            24, 2},
+    {"inputModeComboBox",                       26, 1},
+    {"defPositionProportionalTermDoubleSpinBox",27, 2},
+    {"defVelocityFeedforwardTermDoubleSpinBox", 29, 2},
+    {"defCurrentFeedforwardTermDoubleSpinBox",  31, 2},
+    {"defVelocityIntegralTermDoubleSpinBox",    33, 2},
+    {"defVelocityProportionalTermDoubleSpinBox",35, 2},
+    {"defAngularVelocityProfileDoubleSpinBox",  37, 2},
+    {"defAccelerationProfileDoubleSpinBox",     39, 2},
+    {"enableMotorCheckBox",                     48, 1},
+    {"pendingShadowInstructionCheckBox",        49, 1},
+    {"positionProportionalTermDoubleSpinBox",   54, 2},
+    {"velocityFeedforwardTermDoubleSpinBox",    56, 2},
+    {"currentFeedforwardTermDoubleSpinBox",     58, 2},
+    {"velocityIntegralTermDoubleSpinBox",       60, 2},
+    {"velocityProportionalTermDoubleSpinBox",   62, 2},
+    {"angularVelocityProfileDoubleSpinBox",     68, 2},
+    {"accelerationProfileDoubleSpinBox",        70, 2},
+    {"targetPositionDoubleSpinBox",             78, 4},
+    {"targetAngularVelocityDoubleSpinBox",      82, 2, 0x7FFF},
+    {"targetAngularVelocityDirectionComboBox",  82, 2, 0x8000},
+    {"targetTorqueDoubleSpinBox",               84, 2, 0x7FFF},
+    {"targetTorqueDirectionComboBox",           84, 2, 0x8000},
+};
+// clang-format on

@@ -44,18 +44,25 @@ struct EditedField
     static void change(QWidget &control, QRandomGenerator &random)
     {
         if (auto *list = qobject_cast<ZelvarComboBox *>(&control))
-            list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) %
-                                  (list->count() - 1));
+            list->setCurrentIndex((list->currentIndex() + 1 + random.bounded(list->count() - 2)) % (list->count() - 1));
         else if (auto *box = qobject_cast<QCheckBox *>(&control))
             box->toggle();
-        else if (auto *integer = qobject_cast<QSpinBox *>(&control))
-            integer->setValue(random.bounded(integer->minimum(), integer->maximum()));
-        else if (auto *number = qobject_cast<QDoubleSpinBox *>(&control))
-            number->setValue(number->minimum() +
-                             random.generateDouble() * (number->maximum() - number->minimum()));
+        else if (auto *number = qobject_cast<QAbstractSpinBox *>(&control))
+            turn(*number, random);
     }
 
 private:
+    static void turn(QAbstractSpinBox &number, QRandomGenerator &random)
+    {
+        const QString before = number.text();
+        while (number.text() == before) {
+            if (auto *integer = qobject_cast<QSpinBox *>(&number))
+                integer->setValue(random.bounded(integer->minimum(), integer->maximum()));
+            else if (auto *real = qobject_cast<QDoubleSpinBox *>(&number))
+                real->setValue(real->minimum() + random.generateDouble() * (real->maximum() - real->minimum()));
+        }
+    }
+
     quint32 registerBits(int value) const
     {
         if (address == BaudRateRegister)

@@ -55,7 +55,7 @@ private:
     QTimer m_silence;
     ServoAddress m_address;
     QPointer<UiScheduler> m_scheduler;
-    bool m_isAnswering = true;          ///< the last thing told is that replies come
+    bool m_isAnswering = true; ///< the last thing told is that replies come
     bool m_hasMoved = false;
     bool m_hasRegisterMap = false;
 };

@@ -62,8 +62,8 @@ constexpr int PollingIntervalStep = 10;               // ms
 constexpr NumberRange ServoId{0, 253, 0};
 
 /**
- * Kilobytes that Qt may keep drawn controls in. Under a style sheet it never finds a spin box again that it has kept, so
- * that a larger cache only fills with what nobody asks for.
+ * Kilobytes that Qt may keep drawn controls in. Under a style sheet it never finds a spin box again that it has kept,
+ * so that a larger cache only fills with what nobody asks for.
  */
 constexpr int PixmapCacheLimit = 1024;
 
@@ -252,8 +252,8 @@ void MainWindow::addViews()
 
 void MainWindow::bindConnectionMachinery()
 {
-    ProcessWide<DeviceHelper>::instance() =
-        std::make_shared<DeviceHelper>(m_serialHelper, [this] { onDeviceLoaded(); }, makeModeDependencies);
+    ProcessWide<DeviceHelper>::instance() = std::make_shared<DeviceHelper>(
+        m_serialHelper, [this] { onDeviceLoaded(); }, makeModeDependencies);
     auto &registerHelper = ProcessWide<UiRegisterHelper>::instance();
     if (!registerHelper)
         registerHelper = std::make_shared<UiRegisterHelper>();
@@ -269,8 +269,8 @@ void MainWindow::fillToolBar()
                                                             PollingInterval.minimum, PollingInterval.maximum));
     m_pollingIntervalSpinBox->setSingleStep(PollingIntervalStep);
     m_idLabel = std::make_shared<QLabel>(tr("Servo address: "));
-    m_idSpinBox = makeSpinBox(
-        ServoId, m_settings->boundedInt(ServoIdKey, ServoId.initial, ServoId.minimum, ServoId.maximum));
+    m_idSpinBox =
+        makeSpinBox(ServoId, m_settings->boundedInt(ServoIdKey, ServoId.initial, ServoId.minimum, ServoId.maximum));
 
     nameAfter(*m_pollingIntervalLabel, *m_pollingIntervalSpinBox);
     nameAfter(*m_idLabel, *m_idSpinBox);

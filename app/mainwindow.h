@@ -82,6 +82,6 @@ private:
     std::unique_ptr<PollTarget> m_pollTarget;
     std::shared_ptr<UiScheduler> m_scheduler;
     std::unique_ptr<ConnectionWatch> m_watch;
-    int m_closeTimerId = 0; ///< 0 while no close is pending
+    int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user
 };

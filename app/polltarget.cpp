@@ -8,7 +8,9 @@
 
 #include <utility>
 
-PollTarget::PollTarget(std::shared_ptr<UiRegisterHelper> registerHelper) : m_registerHelper(std::move(registerHelper)) {}
+PollTarget::PollTarget(std::shared_ptr<UiRegisterHelper> registerHelper) : m_registerHelper(std::move(registerHelper))
+{
+}
 
 PollTarget::~PollTarget() = default;
 

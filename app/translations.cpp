@@ -16,8 +16,7 @@ static void initialiseCatalogues()
 namespace {
 
 /** @return whether @p folder has the catalogue @p name in the language of @p locale. */
-bool installCatalogue(QApplication &application, const QLocale &locale, const QString &name,
-                      const QString &folder)
+bool installCatalogue(QApplication &application, const QLocale &locale, const QString &name, const QString &folder)
 {
     auto translator = std::make_unique<QTranslator>();
     if (!translator->load(locale, name, QStringLiteral("_"), folder))

@@ -70,7 +70,8 @@ BareControls::Control BareControls::makeControl(const QWidget &originalWindow, Q
         auto *bare = imitate(originalWindow, *number);
         bare->setDecimals(number->decimals());
         copyRange(*number, *bare);
-        return {[number] { return number->value(); }, [bare](const QVariant &value) { bare->setValue(value.toDouble()); }};
+        return {[number] { return number->value(); },
+                [bare](const QVariant &value) { bare->setValue(value.toDouble()); }};
     }
     if (const auto *number = qobject_cast<QSpinBox *>(&original)) {
         auto *bare = imitate(originalWindow, *number);

@@ -32,7 +32,8 @@ private:
         std::function<void(const QVariant &)> write;
     };
 
-    template <class Widget> Widget *imitate(const QWidget &originalWindow, const Widget &original);
+    template <class Widget>
+    Widget *imitate(const QWidget &originalWindow, const Widget &original);
     Control makeControl(const QWidget &originalWindow, QWidget &original);
 
     QWidget m_window;

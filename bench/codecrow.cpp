@@ -50,8 +50,8 @@ QByteArray registerTable()
 void codecRound(const QByteArray &registers, wire::protocol2::Parser &parser)
 {
     for (int i = 0; i < PollsPerRound; ++i) {
-        parser.append(wire::protocol2::encodeInstruction(ServoId, wire::Read,
-                                                         wire::protocol2::readParameters(0, TableSize)));
+        parser.append(
+            wire::protocol2::encodeInstruction(ServoId, wire::Read, wire::protocol2::readParameters(0, TableSize)));
         sink += parser.next()->instruction;
         parser.append(wire::protocol2::encodeStatus(ServoId, wire::NoError, registers));
         sink += static_cast<quint8>(parser.next()->parameters.back());
@@ -83,8 +83,8 @@ void baselineRound(const QByteArray &request, const QByteArray &reply)
 Figures codecTime(const Rounds &rounds)
 {
     const QByteArray registers = registerTable();
-    const QByteArray request = wire::protocol2::encodeInstruction(ServoId, wire::Read,
-                                                                  wire::protocol2::readParameters(0, TableSize));
+    const QByteArray request =
+        wire::protocol2::encodeInstruction(ServoId, wire::Read, wire::protocol2::readParameters(0, TableSize));
     const QByteArray reply = wire::protocol2::encodeStatus(ServoId, wire::NoError, registers);
     wire::protocol2::Parser parser;
     Comparison time;

@@ -11,7 +11,8 @@ const QStringList Headings{QStringLiteral("figure"), QStringLiteral("ours"),  QS
 /** Three digits that count, as far as there is a point to put them behind. */
 QString shortNumber(double number)
 {
-    const int digitsBefore = std::abs(number) < 1.0 ? 1 : static_cast<int>(std::floor(std::log10(std::abs(number)))) + 1;
+    const int digitsBefore =
+        std::abs(number) < 1.0 ? 1 : static_cast<int>(std::floor(std::log10(std::abs(number)))) + 1;
     return QString::number(number, 'f', std::max(0, 3 - digitsBefore));
 }
 

@@ -23,8 +23,7 @@ public:
     QStringList cells() const;
 
 private:
-    enum class Limit
-    {
+    enum class Limit {
         RatioAtMost,
         RatioAtLeast,
         ValueAtMost,

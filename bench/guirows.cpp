@@ -99,10 +99,10 @@ Figures realtimeValuesShown(const Rounds &rounds)
 {
     ConnectedWindow window;
     BareControls bare(*window.child("editView").window(), realtimeControls(window));
-    return {figureOf(QStringLiteral("one poll shown, six realtime values changing"),
-                     showInTurns(window, bare, &BareControls::originalValues, tables(Changing::RealtimeValues),
-                                 rounds.shownPolls),
-                     2.0)};
+    return {figureOf(
+        QStringLiteral("one poll shown, six realtime values changing"),
+        showInTurns(window, bare, &BareControls::originalValues, tables(Changing::RealtimeValues), rounds.shownPolls),
+        2.0)};
 }
 
 Figures nothingShown(const Rounds &rounds)
@@ -122,10 +122,10 @@ Figures everythingShown(const Rounds &rounds)
 {
     ConnectedWindow window;
     BareControls bare(*window.child("editView").window(), boundControls(window));
-    return {figureOf(QStringLiteral("one poll shown, all registers changing"),
-                     showInTurns(window, bare, &BareControls::originalValues, tables(Changing::Everything),
-                                 rounds.shownPolls),
-                     1.5)};
+    return {figureOf(
+        QStringLiteral("one poll shown, all registers changing"),
+        showInTurns(window, bare, &BareControls::originalValues, tables(Changing::Everything), rounds.shownPolls),
+        1.5)};
 }
 
 Figures registersShown(const Rounds &rounds)
@@ -135,8 +135,7 @@ Figures registersShown(const Rounds &rounds)
     window.child<QTabWidget>("tabWidget").setCurrentIndex(RegisterFieldsTab);
     window.poll(RegisterValues().table());
     BareTables bare(registerTables(window));
-    return {figureOf(QStringLiteral("one poll shown in \"Register fields\", all registers changing"),
-                     showInTurns(window, bare, &BareTables::originalTexts, tables(Changing::Everything),
-                                 rounds.shownPolls),
-                     1.5)};
+    return {figureOf(
+        QStringLiteral("one poll shown in \"Register fields\", all registers changing"),
+        showInTurns(window, bare, &BareTables::originalTexts, tables(Changing::Everything), rounds.shownPolls), 1.5)};
 }

@@ -88,9 +88,8 @@ class BarePoller : public Poller
 {
 public:
     explicit BarePoller(const QStringList &simulatorArguments)
-        : Poller(simulatorArguments),
-          m_request(wire::protocol2::encodeInstruction(ServoId, wire::Read,
-                                                       wire::protocol2::readParameters(0, TableSize)))
+        : Poller(simulatorArguments), m_request(wire::protocol2::encodeInstruction(
+                                          ServoId, wire::Read, wire::protocol2::readParameters(0, TableSize)))
     {
         m_port.setPortName(devicePath());
         m_port.setBaudRate(BaudRate);

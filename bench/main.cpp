@@ -23,6 +23,7 @@ struct Measurement
     Figures (*measure)(const Rounds &rounds);
 };
 
+// clang-format off
 constexpr Measurement Measurements[] = {
     {"link",      pollLatency        },
     {"paced",     pacedPolls         },
@@ -35,6 +36,7 @@ constexpr Measurement Measurements[] = {
     {"scan",      silentScan         },
     {"codec",     codecTime          },
 };
+// clang-format on
 
 QString measurementNames()
 {
@@ -80,8 +82,8 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Measures the servo manager against what does the least possible work for the same result."));
+    parser.setApplicationDescription(
+        QStringLiteral("Measures the servo manager against what does the least possible work for the same result."));
     parser.addHelpOption();
     const QCommandLineOption quick(QStringLiteral("quick"),
                                    QStringLiteral("Few rounds: shows that everything works, not how fast."));

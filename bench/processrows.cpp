@@ -65,8 +65,8 @@ Figures startTime(const Rounds &rounds)
         time.ours.add(WatchedProgram(Program).startTime() / MicrosecondsPerMillisecond);
         time.baseline.add(WatchedProgram(EmptyProgram).startTime() / MicrosecondsPerMillisecond);
     }
-    return {Figure::atMost(QStringLiteral("start to first painted window"), time.ours.median(),
-                           time.baseline.median(), QStringLiteral("ms"), 2.0)};
+    return {Figure::atMost(QStringLiteral("start to first painted window"), time.ours.median(), time.baseline.median(),
+                           QStringLiteral("ms"), 2.0)};
 }
 
 Figures liveProgram(const Rounds &rounds)

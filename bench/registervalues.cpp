@@ -22,6 +22,7 @@ struct ChoiceRow
 };
 
 // What shows no quantity: the entries of the lists, and the boxes of the hardware error.
+// clang-format off
 constexpr ChoiceRow Choices[] = {
     {6,   4 }, // operating mode
     {26,  1 }, // input mode
@@ -30,6 +31,7 @@ constexpr ChoiceRow Choices[] = {
     {99,  1 }, // moving
     {107, 31}, // hardware error
 };
+// clang-format on
 
 const ChoiceRow *choiceOf(int address)
 {

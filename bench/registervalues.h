@@ -5,8 +5,7 @@
 #include <random>
 
 /** Which registers get another value from poll to poll. */
-enum class Changing
-{
+enum class Changing {
     Nothing,
     RealtimeValues, ///< the six that the edit view shows as "actual"
     Everything,

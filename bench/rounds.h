@@ -3,15 +3,15 @@
 /** How often each measurement is repeated. */
 struct Rounds
 {
-    int polls;         ///< single polls over the link, each way
-    int warmUp;        ///< polls before any of them counts
-    int batches;       ///< batches of paced polls, each way
-    int batchSize;     ///< polls in such a batch
-    int shownPolls;    ///< polls shown in the window, each way
-    int starts;        ///< program starts, each way
-    int livePolls;     ///< polls of a program that runs for itself
-    int silentIds;     ///< ids of a scan
-    int codecRounds;   ///< repetitions of the codec's work, each way
+    int polls;       ///< single polls over the link, each way
+    int warmUp;      ///< polls before any of them counts
+    int batches;     ///< batches of paced polls, each way
+    int batchSize;   ///< polls in such a batch
+    int shownPolls;  ///< polls shown in the window, each way
+    int starts;      ///< program starts, each way
+    int livePolls;   ///< polls of a program that runs for itself
+    int silentIds;   ///< ids of a scan
+    int codecRounds; ///< repetitions of the codec's work, each way
 };
 
 constexpr Rounds FullRounds{3000, 200, 10, 200, 400, 25, 1000, 253, 400};

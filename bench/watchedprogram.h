@@ -10,7 +10,7 @@ public:
     /** What is done in it once its window is painted. */
     struct Wish
     {
-        int tab = -1; ///< unless negative, the program shows this tab and connects
+        int tab = -1;         ///< unless negative, the program shows this tab and connects
         bool isLarge = false; ///< its window then has the size that shows all of the tab
     };
 

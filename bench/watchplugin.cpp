@@ -25,7 +25,8 @@ public:
         if (widget && widget->isWindow()) {
             qApp->removeEventFilter(this);
             // Queued, since its children are painted after it and before the next event.
-            QMetaObject::invokeMethod(this, [this] { onPainted(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this] { onPainted(); }, Qt::QueuedConnection);
         }
         return false;
     }

@@ -9,8 +9,7 @@ void OperationModeController::applyDependency()
 {
     const auto &fields = ProcessWide<FieldHelper>::instance();
     const auto *shownMode =
-        fields ? dynamic_cast<const IUnitDataField *>(fields->field(QStringLiteral("operatingModeComboBox")))
-               : nullptr;
+        fields ? dynamic_cast<const IUnitDataField *>(fields->field(QStringLiteral("operatingModeComboBox"))) : nullptr;
     if (!shownMode)
         return;
     switch (static_cast<OperatingMode>(shownMode->value())) {

@@ -16,6 +16,7 @@ struct Conversion
 };
 
 // The base unit of currents is the second unit, mA, so there the first one converts.
+// clang-format off
 constexpr Conversion Conversions[] = {
     {0, 1, 60.0,     TwoPi,  0.0},  // rad/s to rpm
     {1, 1, 360.0,    TwoPi,  0.0},  // radians to degrees
@@ -23,6 +24,7 @@ constexpr Conversion Conversions[] = {
     {5, 0, 1.0,      1000.0, 0.0},  // mA to A
     {6, 1, 1.8,      1.0,    32.0}, // °C to °F
 };
+// clang-format on
 
 const Conversion *conversionOf(qint32 fieldId, qint32 unitIndex)
 {

@@ -4,6 +4,7 @@ namespace {
 
 constexpr unsigned ControlTableSize = 50;
 
+// clang-format off
 constexpr LimitsRow Limits[] = {
     // object name, rawMin, rawMax, physicalMin, physicalMax
     {"positionLineEdit",                      0, 2047,  -3.141592653589, 3.141592653589},
@@ -21,12 +22,11 @@ constexpr LimitsRow Limits[] = {
     {"positionintegralTermDoubleSpinBox",     0, 10,    0.0,             10.0},
     {"positionderivativeTermDoubleSpinBox",   0, 10,    0.0,             10.0},
 };
+// clang-format on
 
 } // namespace
 
-DynamixelAx12::DynamixelAx12() : DeviceBase(Limits)
-{
-}
+DynamixelAx12::DynamixelAx12() : DeviceBase(Limits) {}
 
 unsigned DynamixelAx12::controlTableSize() const
 {

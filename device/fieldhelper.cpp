@@ -12,6 +12,7 @@ struct FieldIdRow
 
 // The phase current limit is a torque (3) while its captions are currents (5); the profiles (15, 16) are
 // shown without conversion under captions that carry a unit (0, 2). Both are meant so.
+// clang-format off
 constexpr FieldIdRow FieldIds[] = {
     {"angularVelocityLabel",                     0},
     {"angularVelocityLimitLabel",                0},
@@ -93,6 +94,7 @@ constexpr FieldIdRow FieldIds[] = {
     {"angleLimitStatusCheckBox",                 22},
     {"idLabel",                                  23},
 };
+// clang-format on
 
 std::map<QString, qint32> fieldIdsByName()
 {

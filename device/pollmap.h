@@ -49,6 +49,7 @@ inline constexpr HardwareError HardwareErrors[] = {
  * table, and stepping from address 0 by each item's size always meets an item below 120: the scheduler's
  * walk needs both.
  */
+// clang-format off
 inline constexpr Item Items[] = {
     // address, bytes, type, field, direction field
     {0,   2, U16, "modelNumberLineEdit"},
@@ -122,5 +123,6 @@ inline constexpr Item Items[] = {
     {118, 1, U8},
     {119, 1, U8},
 };
+// clang-format on
 
 } // namespace pollmap

@@ -31,8 +31,8 @@ RawScale RawScale::fromZero(const FieldLimits &limits)
 }
 
 RawScale::RawScale(const FieldLimits &limits, qint32 rawOrigin)
-    : m_rawOrigin(rawOrigin), m_rawSpan(difference(limits.rawMax, limits.rawMin)),
-      m_physicalOrigin(limits.physicalMin), m_physicalSpan(limits.physicalMax - limits.physicalMin)
+    : m_rawOrigin(rawOrigin), m_rawSpan(difference(limits.rawMax, limits.rawMin)), m_physicalOrigin(limits.physicalMin),
+      m_physicalSpan(limits.physicalMax - limits.physicalMin)
 {
 }
 

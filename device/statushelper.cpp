@@ -15,6 +15,7 @@ struct StatusRow
     const char *objectName;
 };
 
+// clang-format off
 constexpr StatusRow StatusRows[] = {
     {1,        "processStatusCheckBox"},
     {2,        "instructionStatusCheckBox"},
@@ -25,6 +26,7 @@ constexpr StatusRow StatusRows[] = {
     {7,        "accessStatusCheckBox"},
     {AlertBit, "alertStatusCheckBox"},
 };
+// clang-format on
 
 bool isShown(qint8 shownFor, qint8 errorByte)
 {

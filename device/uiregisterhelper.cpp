@@ -47,8 +47,7 @@ UiRegisterHelper::UiRegisterHelper()
 {
     for (const pollmap::Item &item : pollmap::Items) {
         const auto handler = [this, &item](qint32 assembled) { receive(item, assembled); };
-        m_bindings.emplace(item.address,
-                           std::make_shared<RegisterItemHelper>(RegisterItemHelper{item.size, handler}));
+        m_bindings.emplace(item.address, std::make_shared<RegisterItemHelper>(RegisterItemHelper{item.size, handler}));
     }
 }
 
@@ -106,8 +105,7 @@ void UiRegisterHelper::receive(const pollmap::Item &item, qint32 assembled)
     show(item, narrowed(item.type, assembled));
 }
 
-void UiRegisterHelper::recordBytes(const std::shared_ptr<IDevice> &device, const pollmap::Item &item,
-                                   quint32 assembled)
+void UiRegisterHelper::recordBytes(const std::shared_ptr<IDevice> &device, const pollmap::Item &item, quint32 assembled)
 {
     if (m_readFrom.lock() != device) {
         forgetValues();
@@ -162,7 +160,7 @@ Tracked<IUnitDataField> UiRegisterHelper::fieldOf(const char *objectName) const
     if (found == m_fields.end())
         return {};
     const Fields &fields = found->second;
-    const auto latest = std::find_if(fields.rbegin(), fields.rend(),
-                                     [](const Tracked<IUnitDataField> &field) { return field.get(); });
+    const auto latest =
+        std::find_if(fields.rbegin(), fields.rend(), [](const Tracked<IUnitDataField> &field) { return field.get(); });
     return latest == fields.rend() ? Tracked<IUnitDataField>() : *latest;
 }

@@ -27,6 +27,7 @@ constexpr Unit None = {"", 0, 0.0, 0};
 constexpr double OneCount = 0.001533980787885254;
 
 // By field id.
+// clang-format off
 constexpr QuantityRow Quantities[] = {
     {&PhysicalQuantities::angularVelocity,     {{"rad/s",   2, 0.1,      1}, {"rpm",     1, 1.0, 0}}},
     {&PhysicalQuantities::angle,               {{QT_TRANSLATE_NOOP("UnitsHelper", "radians"), 3, OneCount, 1},
@@ -38,6 +39,7 @@ constexpr QuantityRow Quantities[] = {
     {&PhysicalQuantities::temperature,         {{"°C",      0, 1.0,      1}, {"°F",      1, 1.0, 0}}},
     {&PhysicalQuantities::returnDelay,         {{"μs",      0, 1.0,      0}, None}},
 };
+// clang-format on
 
 constexpr qint32 QuantityCount = sizeof(Quantities) / sizeof(Quantities[0]);
 

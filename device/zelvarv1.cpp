@@ -12,6 +12,7 @@ constexpr unsigned ControlTableSize = 118;
 
 // Positions are scaled by 6.283185307178 / 4096 rad a count, the angle limits by 3.141592653589 / 2047: two
 // scales, and both are the servo's.
+// clang-format off
 constexpr LimitsRow Limits[] = {
     // object name, rawMin, rawMax, physicalMin, physicalMax
     {"actualPositionLineEdit",                   -1044479, 1044479, -1602.2107193496022, 1602.2107193496022},
@@ -65,6 +66,7 @@ constexpr LimitsRow Limits[] = {
     {"hallStatusCheckBox",                       0,        1,       0.0,                 1.0},
     {"angleLimitStatusCheckBox",                 0,        1,       0.0,                 1.0},
 };
+// clang-format on
 
 } // namespace
 
@@ -73,9 +75,8 @@ ZelvarV1::ZelvarV1(const ModeDependencies &dependencies) : DeviceBase(Limits)
     setController(QStringLiteral("operatingModeComboBox"), dependencies.operatingMode);
     setController(QStringLiteral("inputModeComboBox"), dependencies.inputMode);
     for (const RegisterRow &row : ZelvarV1Registers) {
-        m_registers.emplace(row.address,
-                            RegisterDescription{row.bank, row.row, row.writable,
-                                                QCoreApplication::translate("ZelvarV1", row.description)});
+        m_registers.emplace(row.address, RegisterDescription{row.bank, row.row, row.writable,
+                                                             QCoreApplication::translate("ZelvarV1", row.description)});
     }
 }
 

@@ -17,6 +17,7 @@ struct RegisterRow
  * Addresses that are missing here are gaps. The text of 93 and those of 101 and 102 repeat other rows on
  * purpose, because that is how the family has always been labelled.
  */
+// clang-format off
 inline constexpr RegisterRow ZelvarV1Registers[] = {
     // address, bank, row, writable, description
     // Non-volatile bank 1
@@ -111,3 +112,4 @@ inline constexpr RegisterRow ZelvarV1Registers[] = {
     {116, 3, 20, 0, QT_TRANSLATE_NOOP("ZelvarV1", "Debug 4 (lower)")},
     {117, 3, 21, 0, QT_TRANSLATE_NOOP("ZelvarV1", "Debug 4 (upper)")},
 };
+// clang-format on

@@ -18,6 +18,7 @@ struct BaudRateCode
 };
 
 /** The entries of the baud-rate list, by index. */
+// clang-format off
 constexpr std::array<BaudRateCode, 11> BaudRateCodes{{
     {9600,    207},
     {19200,   103},
@@ -31,12 +32,12 @@ constexpr std::array<BaudRateCode, 11> BaudRateCodes{{
     {1000000, 1  },
     {2000000, 0  },
 }};
+// clang-format on
 constexpr int UnknownBaudRateCode = 1; // 1 Mbit/s
 
 } // namespace
 
-SerialHelper::SerialHelper()
-    : m_serialInterface(std::make_shared<ZelvarSerialPortInterface>(this, ProtocolGeneration))
+SerialHelper::SerialHelper() : m_serialInterface(std::make_shared<ZelvarSerialPortInterface>(this, ProtocolGeneration))
 {
     connectInterface();
 }

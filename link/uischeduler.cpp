@@ -31,7 +31,7 @@ UiScheduler::UiScheduler(uint8_t servoId, std::shared_ptr<SerialHelper> serialHe
     : m_servoId(servoId), m_serialHelper(std::move(serialHelper)), m_target(target)
 {
     if (writeSource) {
-        connect(writeSource, SIGNAL(addQueueRequest(uint8_t , const QByteArray &)), this,
+        connect(writeSource, SIGNAL(addQueueRequest(uint8_t, const QByteArray &)), this,
                 SLOT(addQueueRequest(uint8_t, const QByteArray &)));
     }
 }

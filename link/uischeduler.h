@@ -28,8 +28,7 @@ public:
      * @param target gives the poll map and takes the values; must remain live while the scheduler does.
      * @param writeSource object whose signal addQueueRequest(uint8_t, const QByteArray &) queues writes.
      */
-    UiScheduler(uint8_t servoId, std::shared_ptr<SerialHelper> serialHelper, IPollTarget &target,
-                QObject *writeSource);
+    UiScheduler(uint8_t servoId, std::shared_ptr<SerialHelper> serialHelper, IPollTarget &target, QObject *writeSource);
     ~UiScheduler() override;
 
     uint8_t servoId() const { return m_servoId; }

@@ -31,8 +31,7 @@ constexpr std::chrono::milliseconds AnswerTime(20);
 /** Where a probe's reply has the byte that is shown as the model: the high byte of the model number. */
 constexpr int ModelIndex = 10;
 
-enum Column
-{
+enum Column {
     BaudRateColumn,
     IdColumn,
     ModelColumn,
@@ -219,9 +218,9 @@ void SearchDialog::groupBaudRates()
 {
     m_baudRateButtons->setExclusive(false);
     const std::initializer_list<QAbstractButton *> ascending{
-        m_ui->baudRate9600CheckBox,   m_ui->baudRate19200CheckBox,  m_ui->baudRate38400CheckBox,
-        m_ui->baudRate57600CheckBox,  m_ui->baudRate115200CheckBox, m_ui->baudRate200000CheckBox,
-        m_ui->baudRate250000CheckBox, m_ui->baudRate400000CheckBox, m_ui->baudRate500000CheckBox,
+        m_ui->baudRate9600CheckBox,    m_ui->baudRate19200CheckBox,  m_ui->baudRate38400CheckBox,
+        m_ui->baudRate57600CheckBox,   m_ui->baudRate115200CheckBox, m_ui->baudRate200000CheckBox,
+        m_ui->baudRate250000CheckBox,  m_ui->baudRate400000CheckBox, m_ui->baudRate500000CheckBox,
         m_ui->baudRate1000000CheckBox,
     };
     int id = 0;

@@ -50,6 +50,6 @@ private:
 
     std::shared_ptr<SerialHelper> m_serialHelper; ///< null before the probe and after closePort()
     const QString m_serialPortName;
-    QByteArray m_replyBuffer;    ///< guarded by probeMutex()
-    bool m_isProbeOver = false;  ///< guarded by probeMutex(); the condition may wake for no reason
+    QByteArray m_replyBuffer;   ///< guarded by probeMutex()
+    bool m_isProbeOver = false; ///< guarded by probeMutex(); the condition may wake for no reason
 };

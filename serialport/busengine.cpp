@@ -175,9 +175,8 @@ bool BusEngine::joinReadUnderWay(const BusRequest &request, const Notification &
 {
     if (!m_exchange || request.operation != Operation::Read || !(m_current.request == request))
         return false;
-    const bool writeInBetween = std::any_of(m_waiting.begin(), m_waiting.end(), [](const Job &job) {
-        return job.request.operation != Operation::Read;
-    });
+    const bool writeInBetween = std::any_of(m_waiting.begin(), m_waiting.end(),
+                                            [](const Job &job) { return job.request.operation != Operation::Read; });
     if (writeInBetween)
         return false;
     m_waiting.clear(); // at most a read that this one is newer than
@@ -340,8 +339,8 @@ void BusEngine::finish(std::optional<QByteArray> reply)
 
 void BusEngine::onPortError(QSerialPort::SerialPortError error)
 {
-    const bool isLoss = error == QSerialPort::ReadError || error == QSerialPort::WriteError ||
-                        error == QSerialPort::ResourceError;
+    const bool isLoss =
+        error == QSerialPort::ReadError || error == QSerialPort::WriteError || error == QSerialPort::ResourceError;
     if (!isLoss || !isOpen())
         return;
     qCDebug(lcLink) << "lost" << m_portName << "by" << error;

@@ -60,8 +60,7 @@ Q_SIGNALS:
     void connectionLost(const QString &reason);
 
 private:
-    enum class State
-    {
+    enum class State {
         Closed,
         Idle,
         Exchanging,

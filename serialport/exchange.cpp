@@ -133,17 +133,17 @@ QByteArray Exchange::encoded(Framing framing) const
     const bool second = framing == Framing::Protocol2;
     switch (m_request.operation) {
     case BusRequest::Operation::Read:
-        return second ? wire::protocol2::encodeInstruction(
-                            m_request.id, wire::Read,
-                            wire::protocol2::readParameters(m_request.address, m_request.length))
-                      : wire::protocol1::encode(m_request.id, wire::Read,
-                                                wire::protocol1::readParameters(m_request.address, m_request.length));
+        return second
+                   ? wire::protocol2::encodeInstruction(
+                         m_request.id, wire::Read, wire::protocol2::readParameters(m_request.address, m_request.length))
+                   : wire::protocol1::encode(m_request.id, wire::Read,
+                                             wire::protocol1::readParameters(m_request.address, m_request.length));
     case BusRequest::Operation::Write:
-        return second ? wire::protocol2::encodeInstruction(
-                            m_request.id, wire::Write,
-                            wire::protocol2::writeParameters(m_request.address, m_request.data))
-                      : wire::protocol1::encode(m_request.id, wire::Write,
-                                                wire::protocol1::writeParameters(m_request.address, m_request.data));
+        return second
+                   ? wire::protocol2::encodeInstruction(
+                         m_request.id, wire::Write, wire::protocol2::writeParameters(m_request.address, m_request.data))
+                   : wire::protocol1::encode(m_request.id, wire::Write,
+                                             wire::protocol1::writeParameters(m_request.address, m_request.data));
     case BusRequest::Operation::Reboot:
         // There is no 1.0 reboot, but a servo that speaks 1.0 answers the code with an instruction error.
         return second ? wire::protocol2::encodeInstruction(m_request.id, wire::Reboot, {})

@@ -12,8 +12,7 @@
 /** What is asked of one servo. */
 struct BusRequest
 {
-    enum class Operation
-    {
+    enum class Operation {
         Read,
         Write,
         Reboot,
@@ -48,8 +47,7 @@ public:
         Duration patience{0};
     };
 
-    enum class Progress
-    {
+    enum class Progress {
         Waiting,  ///< no answer yet
         Answered, ///< reply() has the bytes to hand over
         Refused,  ///< the servo answered a read with an error in place of data
@@ -87,8 +85,7 @@ public:
     static Duration answerWindow(int requestSize, int replySize, int baudRate);
 
 private:
-    enum class Stage
-    {
+    enum class Stage {
         FirstFraming, ///< waiting for the answer window of a servo whose framing is not known
         LastFraming,  ///< nothing else will be sent in this attempt
     };

@@ -7,15 +7,13 @@
 namespace wire {
 
 /** The two framings that servos speak. */
-enum class Framing
-{
+enum class Framing {
     Protocol1, ///< FF FF, one-byte checksum
     Protocol2, ///< FF FF FD 00, byte stuffing, CRC-16
 };
 
 /** Instruction codes. Protocol 1.0 has no reboot, and its status packets carry no code of their own. */
-enum Instruction : quint8
-{
+enum Instruction : quint8 {
     Ping = 0x01,
     Read = 0x02,
     Write = 0x03,
@@ -25,16 +23,14 @@ enum Instruction : quint8
 };
 
 /** Parameter of the 2.0 factory reset: what the servo keeps. */
-enum ResetScope : quint8
-{
+enum ResetScope : quint8 {
     ResetEverything = 0xFF,
     ResetAllButId = 0x01,
     ResetAllButIdAndBaudRate = 0x02,
 };
 
 /** Error numbers in the low seven bits of a 2.0 status packet's error byte. */
-enum ErrorNumber : quint8
-{
+enum ErrorNumber : quint8 {
     NoError = 0,
     ProcessFailure = 1,
     InstructionError = 2,
@@ -47,8 +43,7 @@ enum ErrorNumber : quint8
 constexpr quint8 AlertBit = 0x80; ///< bit 7 of a 2.0 error byte: the hardware error register is not zero
 
 /** Error bits of a 1.0 status packet. */
-enum Protocol1Error : quint8
-{
+enum Protocol1Error : quint8 {
     VoltageErrorBit = 1 << 0,
     AngleLimitErrorBit = 1 << 1,
     OverheatingErrorBit = 1 << 2,

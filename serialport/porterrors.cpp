@@ -29,7 +29,8 @@ QString PortErrors::notOpened(const QString &portName, const QString &device, QS
         if (!file.exists() || (file.isReadable() && file.isWritable()))
             return tr("The serial port %1 is in use by another program. Close that program and connect again.")
                 .arg(portName);
-        return tr("You have no permission to use the serial port %1. Add your user to the group \"%2\" and log in again.")
+        return tr("You have no permission to use the serial port %1. Add your user to the group \"%2\" and log in "
+                  "again.")
             .arg(portName, file.group());
     default:
         return tr("The serial port %1 could not be opened: %2. Choose another port in the settings.")

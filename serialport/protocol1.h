@@ -8,10 +8,10 @@
 namespace wire::protocol1 {
 
 constexpr int HeaderSize = 2;
-constexpr int PrefixSize = HeaderSize + 1 + 1;              ///< header, id, length
-constexpr int StatusOverhead = PrefixSize + 1 + 1;          ///< bytes of a packet beside its parameters
-constexpr int MinimumLength = 2;                            ///< least value of the length field: code and checksum
-constexpr int MaximumParameters = 0xFF - MinimumLength;     ///< the length field is one byte
+constexpr int PrefixSize = HeaderSize + 1 + 1;          ///< header, id, length
+constexpr int StatusOverhead = PrefixSize + 1 + 1;      ///< bytes of a packet beside its parameters
+constexpr int MinimumLength = 2;                        ///< least value of the length field: code and checksum
+constexpr int MaximumParameters = 0xFF - MinimumLength; ///< the length field is one byte
 
 /** The packet for servo @p id with an instruction, or with error bits when it is a status packet. REQUIRES: at most
  *  MaximumParameters bytes of @p parameters. */

@@ -8,10 +8,10 @@
 namespace wire::protocol2 {
 
 constexpr int HeaderSize = 4;
-constexpr int PrefixSize = HeaderSize + 1 + 2;  ///< header, id, length
+constexpr int PrefixSize = HeaderSize + 1 + 2; ///< header, id, length
 constexpr int CrcSize = 2;
 constexpr int StatusOverhead = PrefixSize + 1 + 1 + CrcSize; ///< bytes of a status packet beside its parameters
-constexpr int MinimumLength = 1 + CrcSize;      ///< least value of the length field: instruction and CRC
+constexpr int MinimumLength = 1 + CrcSize;                   ///< least value of the length field: instruction and CRC
 /** Parameters of the longest packet that the bus carries: a 16-bit address and 255 bytes of data. */
 constexpr int MaximumParameters = 2 + 255;
 /** Greatest value of the length field: instruction, error, all parameters stuffed, CRC. */

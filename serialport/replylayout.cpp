@@ -45,8 +45,8 @@ quint8 errorByte(const wire::Packet &status)
 QByteArray readReply(const wire::Packet &status)
 {
     const QByteArray &data = status.parameters;
-    QByteArray reply = status.framing == wire::Framing::Protocol2 ? prefix2(status.id, data.size())
-                                                                  : prefix1(status.raw);
+    QByteArray reply =
+        status.framing == wire::Framing::Protocol2 ? prefix2(status.id, data.size()) : prefix1(status.raw);
     reply.append(static_cast<char>(wire::Status));
     reply.append(static_cast<char>(errorByte(status)));
     reply.append(data);

@@ -5,9 +5,9 @@
 /** The bytes that the library hands over for a status packet: one layout, whatever the servo's framing. */
 namespace replylayout {
 
-constexpr int ErrorByteIndex = 8;  ///< error byte of a read reply
-constexpr int DataIndex = 9;       ///< first data byte of a read reply
-constexpr int ReadOverhead = 11;   ///< bytes of a read reply beside its data
+constexpr int ErrorByteIndex = 8; ///< error byte of a read reply
+constexpr int DataIndex = 9;      ///< first data byte of a read reply
+constexpr int ReadOverhead = 11;  ///< bytes of a read reply beside its data
 
 /**
  * The error byte of @p status in the own family's numbering. Of several 1.0 error bits the most basic one gives the

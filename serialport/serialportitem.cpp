@@ -1,11 +1,9 @@
 #include "serialport/serialportitem.h"
 
 SerialPortItem::SerialPortItem(const QString &portName, const QString &description, const QString &manufacturer,
-                               const QString &systemLocation, quint16 vendorIdentifier,
-                               quint16 productIdentifier)
-    : m_portName(portName), m_description(description), m_manufacturer(manufacturer),
-      m_systemLocation(systemLocation), m_vendorIdentifier(vendorIdentifier),
-      m_productIdentifier(productIdentifier)
+                               const QString &systemLocation, quint16 vendorIdentifier, quint16 productIdentifier)
+    : m_portName(portName), m_description(description), m_manufacturer(manufacturer), m_systemLocation(systemLocation),
+      m_vendorIdentifier(vendorIdentifier), m_productIdentifier(productIdentifier)
 {
 }
 

@@ -45,8 +45,7 @@ public:
     virtual std::vector<std::shared_ptr<SerialPortItem>> getSerialPortList();
 
     /** Queues a read of @p length registers from @p address. An equal read that waits or is under way is joined. */
-    virtual bool readData(unsigned char id, unsigned char address, unsigned char length,
-                          std::function<void()> onData);
+    virtual bool readData(unsigned char id, unsigned char address, unsigned char length, std::function<void()> onData);
     /** Queues a write; it is repeated until the servo answers, five times at most. */
     virtual bool writeData(unsigned char id, unsigned char address, const QByteArray &data,
                            std::function<void()> onData);

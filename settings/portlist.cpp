@@ -9,8 +9,8 @@
 void markCurrentEntry(QComboBox &list)
 {
     list.setItemDelegate(new QStyledItemDelegate(&list)); // the default one paints entries of a menu
-    list.view()->setStyleSheet(QStringLiteral(
-        "selection-background-color: palette(highlight); selection-color: palette(highlighted-text);"));
+    list.view()->setStyleSheet(
+        QStringLiteral("selection-background-color: palette(highlight); selection-color: palette(highlighted-text);"));
 }
 
 void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,

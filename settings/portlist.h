@@ -8,8 +8,7 @@ class QString;
 class SerialPortItem;
 
 /** What stands where in the string list that each entry of a list of ports carries as its data. */
-enum PortDetail
-{
+enum PortDetail {
     PortName,
     Description,
     Manufacturer,

@@ -24,8 +24,7 @@ constexpr int HighestBaudRate = 4000000;
 constexpr int ConnectionTab = 0;
 constexpr int TitleIndent = 10; // pixels, by the forms' style sheets
 
-constexpr int BaudRates[] = {9600,   19200,  38400,  57600,   115200, 200000,
-                             250000, 400000, 500000, 1000000, 2000000};
+constexpr int BaudRates[] = {9600, 19200, 38400, 57600, 115200, 200000, 250000, 400000, 500000, 1000000, 2000000};
 
 struct Choice
 {
@@ -34,6 +33,7 @@ struct Choice
 };
 constexpr Choice DataBits[] = {{"5", 5}, {"6", 6}, {"7", 7}, {"8", 8}};
 constexpr Choice StopBits[] = {{"1", 1}, {"1.5", 3}, {"2", 2}};
+// clang-format off
 constexpr Choice Parities[] = {
     {QT_TRANSLATE_NOOP("SettingsDialog", "None"),  0},
     {QT_TRANSLATE_NOOP("SettingsDialog", "Even"),  2},
@@ -41,6 +41,7 @@ constexpr Choice Parities[] = {
     {QT_TRANSLATE_NOOP("SettingsDialog", "Mark"),  5},
     {QT_TRANSLATE_NOOP("SettingsDialog", "Space"), 4},
 };
+// clang-format on
 constexpr int EightDataBits = 3; // index of the entry
 
 SettingsDialog *theDialog = nullptr;
@@ -58,6 +59,7 @@ struct SettingsDialog::UnitRow
 
 using Units = PhysicalQuantities;
 using Form = Ui_SettingsDialog;
+// clang-format off
 const SettingsDialog::UnitRow SettingsDialog::UnitRows[] = {
     {"angularVelocity",     &Units::angularVelocity,     &Form::radsPerSecondRadioButton,        &Form::revsPerMinuteRadioButton  },
     {"angle",               &Units::angle,               &Form::radiansRadioButton,              &Form::degreesRadioButton        },
@@ -69,6 +71,7 @@ const SettingsDialog::UnitRow SettingsDialog::UnitRows[] = {
     {"returnDelay",         &Units::returnDelay,         nullptr,                                nullptr                          },
     {"servoData",           &Units::servoData,           &Form::hexRadioButton,                  &Form::decimalRadioButton        },
 };
+// clang-format on
 
 SettingsDialog::SettingsDialog() : SettingsDialog(std::make_shared<SerialHelper>()) {}
 

@@ -199,8 +199,7 @@ bool Ax12Servo::answers(quint8 instruction) const
         PingAndRead,
     };
     const qint32 level = m_registers.value(StatusReturnLevel);
-    return instruction == wire::Ping || (level == PingAndRead && instruction == wire::Read) ||
-           level > PingAndRead;
+    return instruction == wire::Ping || (level == PingAndRead && instruction == wire::Read) || level > PingAndRead;
 }
 
 Ax12Servo::Answer Ax12Servo::answerTo(const wire::Packet &request)
@@ -293,15 +292,13 @@ MotionSettings Ax12Servo::motionSettings() const
     settings.velocityLimit = FullScale * SpeedStep;
     settings.velocity = m_registers.value(MovingSpeed) ? speedSetting() : settings.velocityLimit;
     settings.acceleration = InternalAcceleration;
-    const qint32 slope =
-        std::max(m_registers.value(ClockwiseSlope), m_registers.value(CounterClockwiseSlope));
+    const qint32 slope = std::max(m_registers.value(ClockwiseSlope), m_registers.value(CounterClockwiseSlope));
     settings.positionGain = StiffnessOfUnitSlope / slope;
     settings.velocityFeedforward = 1;
     settings.currentFeedforward = 1;
     settings.velocityGain = InternalVelocityGain;
     settings.velocityIntegralGain = InternalIntegralGain;
-    const qint32 margin =
-        std::max(m_registers.value(ClockwiseMargin), m_registers.value(CounterClockwiseMargin));
+    const qint32 margin = std::max(m_registers.value(ClockwiseMargin), m_registers.value(CounterClockwiseMargin));
     settings.deadBand = (margin + 0.5) * RadiansPerStep;
     return settings;
 }

@@ -92,8 +92,7 @@ BusPublication::Claim BusPublication::tryClaim(const QString &name, QString *err
         return Claim::Made;
     }
     if (lock->error() == QLockFile::LockFailedError) {
-        *error =
-            QStringLiteral("a bus named \"%1\" is running already: choose another one with --name").arg(name);
+        *error = QStringLiteral("a bus named \"%1\" is running already: choose another one with --name").arg(name);
         return Claim::Taken;
     }
     *error = QStringLiteral("cannot write in the folder %1").arg(simulatedbuses::folder());

@@ -4,8 +4,8 @@
 #include <QSocketNotifier>
 
 #ifdef Q_OS_LINUX
-#include <sys/inotify.h>
-#include <unistd.h>
+#    include <sys/inotify.h>
+#    include <unistd.h>
 #endif
 
 ClientWatch::ClientWatch(QObject *parent) : QObject(parent) {}

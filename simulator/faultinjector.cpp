@@ -10,10 +10,7 @@ constexpr int LongestChunkPauseMicroseconds = 1000;
 
 } // namespace
 
-FaultInjector::FaultInjector(const FaultSettings &settings, quint32 seed)
-    : m_settings(settings), m_random(seed)
-{
-}
+FaultInjector::FaultInjector(const FaultSettings &settings, quint32 seed) : m_settings(settings), m_random(seed) {}
 
 bool FaultInjector::happens(double probability)
 {
@@ -53,10 +50,7 @@ std::vector<FaultInjector::Piece> FaultInjector::pass(const QByteArray &reply)
         bytes.prepend(strayBytes());
     ++m_replies;
 
-    std::vector<Piece> pieces = m_settings.chunk ? chunks(bytes)
-                                                 : std::vector<Piece>{
-                                                       {bytes, {}}
-    };
+    std::vector<Piece> pieces = m_settings.chunk ? chunks(bytes) : std::vector<Piece>{{bytes, {}}};
     pieces.front().pause += m_settings.delay;
     return pieces;
 }

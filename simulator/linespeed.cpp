@@ -5,11 +5,11 @@
 // The kernel's own terminal headers, which know any speed, clash with the C library's <termios.h>: hence this
 // file.
 #ifdef Q_OS_LINUX
-#include <asm/ioctls.h>
-#include <asm/termbits.h>
-#include <sys/ioctl.h>
+#    include <asm/ioctls.h>
+#    include <asm/termbits.h>
+#    include <sys/ioctl.h>
 #else
-#include <termios.h>
+#    include <termios.h>
 #endif
 
 #ifdef Q_OS_LINUX

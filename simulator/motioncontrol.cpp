@@ -52,8 +52,7 @@ double MotionControl::current(const MotionSettings &settings, const MotorModel &
         m_plan.begin(motor.position(), 0);
         return torqueModeCurrent(settings, motor.velocity());
     case OperatingMode::Wheel: {
-        const double target =
-            std::clamp(settings.targetVelocity, -settings.velocityLimit, settings.velocityLimit);
+        const double target = std::clamp(settings.targetVelocity, -settings.velocityLimit, settings.velocityLimit);
         m_plan.accelerate(target, settings.acceleration, seconds);
         return velocityLoop(settings, motor, m_plan.velocity(), seconds);
     }
@@ -66,21 +65,18 @@ double MotionControl::current(const MotionSettings &settings, const MotorModel &
     const MotionSettings stepper = stepperSettings(settings);
     m_plan.begin(m_heldPosition, 0);
     const double error = m_heldPosition - motor.position();
-    const double wanted =
-        std::clamp(stepper.positionGain * error, -stepper.velocityLimit, stepper.velocityLimit);
+    const double wanted = std::clamp(stepper.positionGain * error, -stepper.velocityLimit, stepper.velocityLimit);
     return velocityLoop(stepper, motor, wanted, seconds);
 }
 
 double MotionControl::torqueModeCurrent(const MotionSettings &settings, double velocity) const
 {
-    const double guarded =
-        std::clamp(settings.targetCurrent, -SpeedGuardGain * (settings.velocityLimit + velocity),
-                   SpeedGuardGain * (settings.velocityLimit - velocity));
+    const double guarded = std::clamp(settings.targetCurrent, -SpeedGuardGain * (settings.velocityLimit + velocity),
+                                      SpeedGuardGain * (settings.velocityLimit - velocity));
     return std::clamp(guarded, -settings.currentLimit, settings.currentLimit);
 }
 
-double MotionControl::positionModeVelocity(const MotionSettings &settings, const MotorModel &motor,
-                                           double seconds)
+double MotionControl::positionModeVelocity(const MotionSettings &settings, const MotorModel &motor, double seconds)
 {
     if (settings.followsTrajectory) {
         const double fastest = std::min(settings.velocity, settings.velocityLimit);
@@ -95,15 +91,14 @@ double MotionControl::positionModeVelocity(const MotionSettings &settings, const
     double wanted = settings.positionGain * error + settings.velocityFeedforward * m_plan.velocity();
     double fastest = settings.velocityLimit;
     if (!settings.followsTrajectory)
-        fastest = std::min({fastest, settings.velocity,
-                            Trajectory::stoppingVelocity(std::abs(error), settings.acceleration)});
+        fastest = std::min(
+            {fastest, settings.velocity, Trajectory::stoppingVelocity(std::abs(error), settings.acceleration)});
     return std::clamp(wanted, -fastest, fastest);
 }
 
 double MotionControl::plannedCurrent(const MotionSettings &settings, const MotorConstants &constants) const
 {
-    const double torque = constants.inertia * m_plan.acceleration() +
-                          constants.viscousFriction * m_plan.velocity() +
+    const double torque = constants.inertia * m_plan.acceleration() + constants.viscousFriction * m_plan.velocity() +
                           constants.dryFriction * sign(m_plan.velocity());
     return settings.currentFeedforward * torque / constants.torquePerAmpere;
 }
@@ -114,7 +109,6 @@ double MotionControl::velocityLoop(const MotionSettings &settings, const MotorMo
     const double error = wanted - motor.velocity();
     const double limit = settings.currentLimit;
     m_integral = std::clamp(m_integral + settings.velocityIntegralGain * error * seconds, -limit, limit);
-    const double current =
-        settings.velocityGain * error + m_integral + plannedCurrent(settings, motor.constants());
+    const double current = settings.velocityGain * error + m_integral + plannedCurrent(settings, motor.constants());
     return std::clamp(current, -limit, limit);
 }

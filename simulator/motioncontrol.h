@@ -18,8 +18,7 @@ enum class OperatingMode : quint8 {
 struct MotionSettings
 {
     OperatingMode mode = OperatingMode::Joint;
-    bool followsTrajectory =
-        true; ///< whether the way to the target position is planned, or the target taken as it is
+    bool followsTrajectory = true; ///< whether the way to the target position is planned, or the target taken as it is
 
     double targetPosition = 0; ///< rad
     double targetVelocity = 0; ///< rad/s, its sign the direction
@@ -59,8 +58,7 @@ private:
     double torqueModeCurrent(const MotionSettings &settings, double velocity) const;
     double positionModeVelocity(const MotionSettings &settings, const MotorModel &motor, double seconds);
     double plannedCurrent(const MotionSettings &settings, const MotorConstants &constants) const;
-    double velocityLoop(const MotionSettings &settings, const MotorModel &motor, double wanted,
-                        double seconds);
+    double velocityLoop(const MotionSettings &settings, const MotorModel &motor, double wanted, double seconds);
 
     Trajectory m_plan;
     double m_heldPosition = 0;

@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-MotorModel::MotorModel(const MotorConstants &constants)
-    : m_constants(constants), m_temperature(constants.ambient)
-{
-}
+MotorModel::MotorModel(const MotorConstants &constants) : m_constants(constants), m_temperature(constants.ambient) {}
 
 double MotorModel::phaseCurrent() const
 {

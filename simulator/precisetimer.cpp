@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #ifdef Q_OS_LINUX
-#include <QSocketNotifier>
-#include <sys/timerfd.h>
-#include <unistd.h>
+#    include <QSocketNotifier>
+#    include <sys/timerfd.h>
+#    include <unistd.h>
 #else
-#include <QTimer>
+#    include <QTimer>
 #endif
 
 #ifdef Q_OS_LINUX
@@ -66,8 +66,7 @@ PreciseTimer::~PreciseTimer() = default;
 
 void PreciseTimer::start(std::chrono::microseconds time)
 {
-    m_timer->start(
-        std::chrono::ceil<std::chrono::milliseconds>(std::max(time, std::chrono::microseconds(0))));
+    m_timer->start(std::chrono::ceil<std::chrono::milliseconds>(std::max(time, std::chrono::microseconds(0))));
 }
 
 void PreciseTimer::stop()

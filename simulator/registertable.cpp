@@ -35,8 +35,7 @@ bool overlaps(const RegisterRow &row, int address, int length)
 } // namespace
 
 RegisterTable::RegisterTable(const RegisterRow *rows, std::size_t count, int size)
-    : m_rows(rows), m_count(count), m_bytes(size, '\0'),
-      m_rowByAddress(static_cast<std::size_t>(size), nullptr)
+    : m_rows(rows), m_count(count), m_bytes(size, '\0'), m_rowByAddress(static_cast<std::size_t>(size), nullptr)
 {
     for (std::size_t i = 0; i < m_count; ++i) {
         m_rowByAddress[m_rows[i].address] = &m_rows[i];

@@ -14,10 +14,12 @@ struct ModelName
     const char *name;
 };
 
+// clang-format off
 constexpr ModelName ModelNames[] = {
     {ServoChoice::Model::Zelvar, "zelvar"},
     {ServoChoice::Model::Ax12,   "ax12"  },
 };
+// clang-format on
 
 std::optional<ServoChoice::Model> modelNamed(const QString &name)
 {
@@ -40,31 +42,28 @@ std::optional<ServoChoice> ServoChoice::fromText(const QString &text, QString *e
 {
     const QStringList parts = text.split(QLatin1Char(':'));
     if (parts.size() < 2 || parts.size() > 3)
-        return failure(error,
-                       QStringLiteral("\"%1\" is no servo: expected MODEL:ID or MODEL:ID:BAUD").arg(text));
+        return failure(error, QStringLiteral("\"%1\" is no servo: expected MODEL:ID or MODEL:ID:BAUD").arg(text));
 
     ServoChoice choice;
     const auto model = modelNamed(parts[0]);
     if (!model)
-        return failure(error,
-                       QStringLiteral("unknown servo model \"%1\": expected zelvar or ax12").arg(parts[0]));
+        return failure(error, QStringLiteral("unknown servo model \"%1\": expected zelvar or ax12").arg(parts[0]));
     choice.model = *model;
 
     bool isNumber = false;
     const int id = parts[1].toInt(&isNumber);
     if (!isNumber || id < 0 || id > wire::MaximumId)
-        return failure(
-            error,
-            QStringLiteral("\"%1\" is no servo id: expected 0 to %2").arg(parts[1]).arg(wire::MaximumId));
+        return failure(error,
+                       QStringLiteral("\"%1\" is no servo id: expected 0 to %2").arg(parts[1]).arg(wire::MaximumId));
     choice.id = static_cast<quint8>(id);
 
     choice.baudCode = baudcode::DefaultCode;
     if (parts.size() == 3) {
         const auto code = baudcode::nearestCode(parts[2].toInt(&isNumber));
         if (!isNumber || !code)
-            return failure(error,
-                           QStringLiteral("\"%1\" is no baud rate that a servo has, such as 57600 or 1000000")
-                               .arg(parts[2]));
+            return failure(
+                error,
+                QStringLiteral("\"%1\" is no baud rate that a servo has, such as 57600 or 1000000").arg(parts[2]));
         choice.baudCode = *code;
     }
     return choice;

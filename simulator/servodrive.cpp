@@ -83,8 +83,7 @@ void ServoDrive::step()
     const double before = m_motor.current();
     const double length = seconds(Step);
     if (isDriven())
-        m_motor.step(length, m_control.current(m_settings, m_motor, length),
-                     MotionControl::holdingCurrent(m_settings));
+        m_motor.step(length, m_control.current(m_settings, m_motor, length), MotionControl::holdingCurrent(m_settings));
     else
         m_motor.step(length, 0, 0);
     m_time += Step;

@@ -68,8 +68,7 @@ std::vector<ISimulatedServo *> SimulatedBus::addressed(const wire::Packet &reque
     std::vector<ISimulatedServo *> servos;
     for (const auto &servo : m_servos) {
         const bool isMeant = request.id == servo->id() || request.id == wire::BroadcastId;
-        if (isMeant && servo->framing() == request.framing &&
-            baudcode::understands(servo->baudCode(), baudRate))
+        if (isMeant && servo->framing() == request.framing && baudcode::understands(servo->baudCode(), baudRate))
             servos.push_back(servo.get());
     }
     return servos;
@@ -77,8 +76,7 @@ std::vector<ISimulatedServo *> SimulatedBus::addressed(const wire::Packet &reque
 
 std::vector<BusReply> SimulatedBus::answer(const wire::Packet &request, int baudRate, SimulationTime now)
 {
-    const bool isStatusPacket =
-        request.framing == wire::Framing::Protocol2 && request.instruction == wire::Status;
+    const bool isStatusPacket = request.framing == wire::Framing::Protocol2 && request.instruction == wire::Status;
     if (isStatusPacket)
         return {}; // another servo's reply, or an echo
     BusReply reply;

@@ -25,8 +25,8 @@ SimulatedBus::Servos makeServos(const std::vector<ServoChoice> &choices)
 } // namespace
 
 Simulator::Simulator(const SimulatorOptions &options, QObject *parent)
-    : QObject(parent), m_options(options), m_bus(makeServos(options.servos)),
-      m_faults(options.faults, options.seed), m_replies([this] { return now(); })
+    : QObject(parent), m_options(options), m_bus(makeServos(options.servos)), m_faults(options.faults, options.seed),
+      m_replies([this] { return now(); })
 {
     m_motionTimer.setInterval(MotionInterval);
     connect(&m_motionTimer, &QTimer::timeout, this, &Simulator::keepMoving);

@@ -131,9 +131,8 @@ QString readFault(const QString &text, FaultSettings &faults)
     }
     if (const auto *row = rowNamed(CountFaults, name)) {
         faults.*row->member = numberIn(value, 0, MostReplies);
-        return faults.*row->member
-                   ? QString()
-                   : QStringLiteral("fault \"%1\": expected %2=N with N replies").arg(text, name);
+        return faults.*row->member ? QString()
+                                   : QStringLiteral("fault \"%1\": expected %2=N with N replies").arg(text, name);
     }
     if (const auto *row = rowNamed(SwitchFaults, name)) {
         faults.*row->member = true;
@@ -142,9 +141,7 @@ QString readFault(const QString &text, FaultSettings &faults)
     if (name == QLatin1String("delay")) {
         const auto delay = numberIn(value, 0, LongestDelay);
         if (!delay)
-            return QStringLiteral("fault \"%1\": expected delay=MS with MS from 0 to %2")
-                .arg(text)
-                .arg(LongestDelay);
+            return QStringLiteral("fault \"%1\": expected delay=MS with MS from 0 to %2").arg(text).arg(LongestDelay);
         faults.delay = std::chrono::milliseconds(*delay);
         return {};
     }
@@ -183,8 +180,7 @@ QString readName(const QCommandLineParser &parser, SimulatorOptions &options)
     static const QRegularExpression pattern(QStringLiteral("\\A[A-Za-z0-9_][A-Za-z0-9_.-]*\\z"));
     if (!pattern.match(options.name).hasMatch() || options.name.size() > LongestName ||
         options.name.endsWith(QLatin1String(".lock")))
-        return QStringLiteral(
-                   "\"%1\" is no name for a bus: expected up to %2 letters, digits, \"-\", \"_\" and \".\"")
+        return QStringLiteral("\"%1\" is no name for a bus: expected up to %2 letters, digits, \"-\", \"_\" and \".\"")
             .arg(options.name)
             .arg(LongestName);
     return {};
@@ -231,9 +227,9 @@ QString readOptions(const QCommandLineParser &parser, SimulatorOptions &options)
 SimulatorCommandLine SimulatorCommandLine::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Simulates a bus of smart servos behind a serial port of its own, which the servo manager "
-        "lists by name."));
+    parser.setApplicationDescription(
+        QStringLiteral("Simulates a bus of smart servos behind a serial port of its own, which the servo manager "
+                       "lists by name."));
     for (const OptionText &option : {ServoOption, NameOption, LinkOption, PaceOption, StateOption, SeedOption,
                                      FaultOption, HelpOption, VersionOption})
         parser.addOption(parserOption(option));

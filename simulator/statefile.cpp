@@ -30,8 +30,7 @@ QJsonObject objectFrom(const RegisterValues &values)
 
 } // namespace
 
-StateFile::StateFile(const QString &path, std::vector<Entry> entries)
-    : m_path(path), m_entries(std::move(entries))
+StateFile::StateFile(const QString &path, std::vector<Entry> entries) : m_path(path), m_entries(std::move(entries))
 {
     QHash<QString, int> occurrences;
     for (Entry &entry : m_entries) {

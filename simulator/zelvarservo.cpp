@@ -111,7 +111,7 @@ constexpr double CountsPerAngleLimit = CountsPerTurn / 2 / MaximumAngleLimit;
 /** Counts that the shaft may be beyond an angle limit, so that settling at the limit is no error. */
 constexpr double AngleLimitMargin = 8;
 
-constexpr double Thousandth = 0.001; ///< rad/s, rad/s², N·m, A and most gains per step of their registers
+constexpr double Thousandth = 0.001;      ///< rad/s, rad/s², N·m, A and most gains per step of their registers
 constexpr double PositionGainStep = 0.1;  ///< 1/s
 constexpr double IntegralGainStep = 0.01; ///< A/rad
 constexpr double VoltageStep = 0.1;       ///< V
@@ -205,8 +205,7 @@ ZelvarServo::Answer ZelvarServo::write(const QByteArray &parameters)
 {
     if (parameters.size() <= AddressSize)
         return {wire::DataLengthError, {}};
-    const auto lock =
-        isControlEnabled() ? RegisterTable::NonVolatile::Locked : RegisterTable::NonVolatile::Writable;
+    const auto lock = isControlEnabled() ? RegisterTable::NonVolatile::Locked : RegisterTable::NonVolatile::Writable;
     switch (m_registers.write(wire::fromLittleEndian16(parameters, 0), parameters.mid(AddressSize), lock)) {
     case RegisterTable::WriteResult::Taken:
         applyRegisters();
@@ -227,8 +226,7 @@ ZelvarServo::Answer ZelvarServo::factoryReset(const QByteArray &parameters)
     if (parameters.size() != 1)
         return {wire::DataLengthError, {}};
     const auto scope = static_cast<quint8>(parameters[0]);
-    if (scope != wire::ResetEverything && scope != wire::ResetAllButId &&
-        scope != wire::ResetAllButIdAndBaudRate)
+    if (scope != wire::ResetEverything && scope != wire::ResetAllButId && scope != wire::ResetAllButIdAndBaudRate)
         return {wire::DataRangeError, {}};
 
     const qint32 idBefore = m_registers.value(Id);

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void everyControlHasANameOfItsOwn()
     {
         Fixture fixture;
+        // clang-format off
         const std::pair<QWidget *, int> windows[] = {
             {&fixture.window, 80}, {SettingsDialog::instance(), 20}, {SearchDialog::instance(), 18}};
         for (const auto &[window, atLeast] : windows) {
@@ -98,6 +99,7 @@ private Q_SLOTS:
             {"Direction of the torque",           84, 2, 0x8001, "Clockwise"},
             {"Proportional term of the velocity", 62, 2, 1250,   "1.250"    },
         };
+        // clang-format on
         for (const auto &[name, address, size, raw, value] : rows) {
             const InRow row(name);
             ConnectedEditView desk;
@@ -114,6 +116,7 @@ private Q_SLOTS:
 
     void tipsTellRegisterAndRange()
     {
+        // clang-format off
         const std::tuple<const char *, int, const char *> rows[] = {
             {"targetPositionDoubleSpinBox",           0, "78–81: Target position\nRange: -1602.211 to 1602.211 radians"},
             {"counterClockwiseLimitDoubleSpinBox",    1, "9–10: CCW angle limit\nRange: -180.00 to 180.00 degrees"     },
@@ -125,6 +128,7 @@ private Q_SLOTS:
             {"targetTorqueDirectionComboBox",         0, "84–85, bit 15: Target torque"                                },
             {"encoderStatusCheckBox",                 0, "107, bit 3: Hardware error status"                           },
         };
+        // clang-format on
         for (const auto &[name, unit, tip] : rows) {
             ConnectedEditView desk(unit);
             desk.connectTo(0x0102);
@@ -159,6 +163,7 @@ private Q_SLOTS:
     void aWindowTakesWhatTheScreenHas()
     {
         const QRect small(0, 0, 1366, 768);
+        // clang-format off
         const std::tuple<const char *, QRect, QRect, QRect> rows[] = {
             {"fits",             {700, 50, 1192, 1428},  {0, 0, 2560, 1600},   {700, 50, 1192, 1428}},
             {"too high",         {50, 50, 1192, 1428},   small,                {50, 30, 1192, 734}  },
@@ -168,6 +173,7 @@ private Q_SLOTS:
             {"on another",       {1300, 50, 1192, 1428}, {1366, 20, 1366, 748}, {1370, 50, 1192, 714}},
             {"no room",          {0, 0, 1192, 1428},     {0, 0, 4, 4},         {4, 30, 0, 0}        },
         };
+        // clang-format on
         for (const auto &[name, wanted, available, fitted] : rows) {
             const InRow row(name);
             QCOMPARE(screenfit::fitted(wanted, available, QMargins(4, 30, 4, 4)), fitted);

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void bindingRules()
     {
         // control, raw value from the servo, shown as, placeholder, entered by the user, value() then
+        // clang-format off
         const std::tuple<const char *, int, QVariant, QVariant, QVariant, int> rows[] = {
             {"ackResponseTimeSpinBox",      100,  "200",      "",    "203",        101},
             {"targetPositionDoubleSpinBox", 1024, "1.571",    "",    "0.003",      1  },
@@ -57,6 +58,7 @@ private Q_SLOTS:
             {"baudRateComboBox",            34,   "57600",    "-",   "9600",       0  },
             {"enableMotorCheckBox",         1,    true,       false, false,        0  },
         };
+        // clang-format on
         for (const auto &[name, raw, text, placeholder, edit, editedValue] : rows) {
             const InRow row(name);
             ConnectedEditView fixture;
@@ -109,6 +111,7 @@ private Q_SLOTS:
     void unitsAndFormatsAreThoseOfTheConnection()
     {
         // control, its register and size, operating mode in which it is in use, raw value, shown in the two units
+        // clang-format off
         const std::tuple<const char *, int, int, int, quint32, const char *, const char *> rows[] = {
             {"actualPositionLineEdit",                 86, 4, 2, 2048,       "3.142",             "180.00"           },
             {"actualPositionLineEdit",                 86, 4, 2, 0xFFFFFFFF, "-0.002",            "-0.09"            },
@@ -121,6 +124,7 @@ private Q_SLOTS:
             {"actualTemperatureLineEdit",              97, 1, 2, 41,         "41",                "105.8"            },
             {"modelNumberLineEdit",                    0,  2, 2, 0x0A05,     "10.5",              "10.5"             },
         };
+        // clang-format on
         for (const auto &[name, address, size, mode, raw, inFirstUnit, inSecondUnit] : rows) {
             const InRow row(name);
             ConnectedEditView fixture;

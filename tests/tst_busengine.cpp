@@ -28,9 +28,9 @@ QByteArray zelvarServo(const Packet &instruction)
         return {};
     if (instruction.instruction != Read)
         return protocol2::encodeStatus(instruction.id, 0, {});
-    return protocol2::encodeStatus(instruction.id, 0,
-                                   registers(fromLittleEndian16(instruction.parameters, 0),
-                                             fromLittleEndian16(instruction.parameters, 2)));
+    return protocol2::encodeStatus(
+        instruction.id, 0,
+        registers(fromLittleEndian16(instruction.parameters, 0), fromLittleEndian16(instruction.parameters, 2)));
 }
 
 QByteArray ax12(const Packet &instruction)
@@ -60,10 +60,7 @@ struct Client
     {
         return [this] { replies.append(port.readPendingSerialData()); };
     }
-    bool read(int address, int length)
-    {
-        return port.readData(ServoId, quint8(address), quint8(length), collect());
-    }
+    bool read(int address, int length) { return port.readData(ServoId, quint8(address), quint8(length), collect()); }
     bool write(int address, const QByteArray &data)
     {
         return port.writeData(ServoId, quint8(address), data, collect());
@@ -102,6 +99,7 @@ private Q_SLOTS:
     void aReadIsAnsweredWhole()
     {
         const QByteArray packet = protocol2::encodeStatus(ServoId, 0, registers(0, 118));
+        // clang-format off
         const std::tuple<const char *, QByteArray, bool> rows[] = {
             {"clean",                       {},                                                      false},
             {"another servo's packet",      protocol2::encodeStatus(9, 0, registers(0, 118)),        false},
@@ -109,6 +107,7 @@ private Q_SLOTS:
             {"packet with a wrong CRC",     QByteArray(packet).replace(20, 1, "\xAA"),               false},
             {"echo",                        {},                                                      true },
         };
+        // clang-format on
         for (const auto &[name, before, echo] : rows) {
             for (const auto &servo : {zelvarServo, ax12}) {
                 const InRow row(name);
@@ -257,8 +256,8 @@ private Q_SLOTS:
         QList<Framing> framings;
         for (const Packet &packet : client.peer.received())
             framings.append(packet.framing);
-        QCOMPARE(framings, (QList<Framing>{Framing::Protocol2, Framing::Protocol1, Framing::Protocol1,
-                                           Framing::Protocol1}));
+        QCOMPARE(framings,
+                 (QList<Framing>{Framing::Protocol2, Framing::Protocol1, Framing::Protocol1, Framing::Protocol1}));
 
         client.port.openSerialPort(client.peer.path(), BaudRate); // another session: it may be another servo
         client.read(0, 3);
@@ -268,12 +267,14 @@ private Q_SLOTS:
 
     void rebootAndResetRunToTheEndInsideTheCall()
     {
+        // clang-format off
         const std::tuple<const char *, bool, bool, int, int> rows[] = {
             {"reboot",                          false, false, 1, 1},
             {"reset",                           true,  false, 1, 1},
             {"reset of an AX-12",               true,  true,  1, 2},
             {"reboot of an AX-12, which cannot", false, true, 0, 1},
         };
+        // clang-format on
         for (const auto &[name, isReset, isAx12, replies, packets] : rows) {
             const InRow row(name);
             Client client([speaks1 = isAx12](const Packet &instruction) {

@@ -83,6 +83,7 @@ private Q_SLOTS:
 
     void anySlicingGivesTheSamePackets()
     {
+        // clang-format off
         const std::pair<const char *, QByteArray> rows[] = {
             {"clean",                           {}                                         },
             {"repeated header bytes",           hex("FFFFFF")                              },
@@ -91,6 +92,7 @@ private Q_SLOTS:
             {"packet cut short by the next",    hex("FFFFFD0001300055 00 0102")            },
             {"wrong checksums",                 hex("FFFFFD0001040055 00 A10D FFFF010224D9")},
         };
+        // clang-format on
         const QByteArrayList packets2{protocol2::encodeStatus(1, 0, hex("FFFFFDFFFFFD00FF")),
                                       protocol2::encodeStatus(253, 7, {})};
         const QByteArrayList packets1{protocol1::encode(1, 0, hex("FF00FE")), protocol1::encode(0, 0x24, {})};

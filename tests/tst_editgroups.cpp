@@ -16,8 +16,8 @@ private Q_SLOTS:
         auto &temperature = fixture.child<QDoubleSpinBox>("temperatureLimitDoubleSpinBox");
         button.click();
         QVERIFY(fixture.cancel("nv").isEnabled());
-        const std::tuple<int, int, bool> edits[] = {
-            {0, 0, false}, {5, 0, true}, {6, 60, true}, {6, 0, true}, {0, 0, false}, {7, 0, true}};
+        const std::tuple<int, int, bool> edits[] = {{0, 0, false}, {5, 0, true},  {6, 60, true},
+                                                    {6, 0, true},  {0, 0, false}, {7, 0, true}};
         for (const auto &[newId, newTemperature, isEdited] : edits) {
             id.setValue(newId);
             temperature.setValue(newTemperature);

@@ -9,10 +9,10 @@
 namespace {
 
 constexpr int ServoId = 3;
-constexpr int TargetPosition = 78;    // register
-constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
-constexpr int RestingRow = 17;        // "Debug 2" in "Volatile bank 2": whether the servo is at rest
-constexpr int ErrorRow = 18;          // "Debug 3" in "Volatile bank 2": how far away the target is
+constexpr int TargetPosition = 78;         // register
+constexpr int TargetPositionRow = 16;      // in "Volatile bank 1"
+constexpr int RestingRow = 17;             // "Debug 2" in "Volatile bank 2": whether the servo is at rest
+constexpr int ErrorRow = 18;               // "Debug 3" in "Volatile bank 2": how far away the target is
 constexpr int Targets[] = {100, 200, 300}; // counts, applied in this order
 
 const char *const Tables[] = {"eepromRegisterBank1Widget", "eepromRegisterBank2Widget", "ramRegisterBank1TableWidget",
@@ -179,12 +179,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("fault");
         QTest::addColumn<Operation>("operation");
-        const char *const faults[] = {"drop=0.4", "corrupt=0.4", "truncate=0.4", "garbage=0.5", "delay=15",
+        const char *const faults[] = {"drop=0.4", "corrupt=0.4", "truncate=0.4", "garbage=0.5",   "delay=15",
                                       "chunk",    "echo",        "mute-after=2", "vanish-after=2"};
-        const std::pair<const char *, Operation> operations[] = {
-            {"poll", poll}, {"write", write},
-            {"reboot, reset", rebootAndReset}, {"scan", scan}, {"disconnect", disconnectInBetween},
-            {"close", closeInBetween}};
+        const std::pair<const char *, Operation> operations[] = {{"poll", poll},
+                                                                 {"write", write},
+                                                                 {"reboot, reset", rebootAndReset},
+                                                                 {"scan", scan},
+                                                                 {"disconnect", disconnectInBetween},
+                                                                 {"close", closeInBetween}};
         for (const char *fault : faults) {
             for (const auto &[name, operation] : operations)
                 QTest::addRow("%s while %s", fault, name) << QString(fault) << operation;

@@ -1,4 +1,5 @@
-// The serial helper's counting of reply bytes and the scheduler's ticks, over a serial port that does what the test says.
+// The serial helper's counting of reply bytes and the scheduler's ticks, over a serial port that does what the test
+// says.
 
 #include "link/ipolltarget.h"
 #include "link/serialhelper.h"
@@ -62,12 +63,14 @@ private Q_SLOTS:
 
     void aReplyIsCompleteAtExactlyItsLength()
     {
+        // clang-format off
         const std::tuple<const char *, int, QList<int>, QList<int>> rows[] = {
             {"in slices",                    4,   {1, 0, 9, 5},  {15} },
             {"no data",                      0,   {11},          {11} },
             {"count starts at 0 and wraps",  245, {100, 156},    {256}},
             {"too long: wraps and goes on",  0,   {14, 252, 1},  {267}},
         };
+        // clang-format on
         for (const auto &[name, length, chunks, replySizes] : rows) {
             const InRow row(name);
             init();

@@ -19,8 +19,7 @@ struct Fixture
 {
     std::shared_ptr<FakeSerialPort> port = std::make_shared<FakeSerialPort>();
     BoxWatcher watcher;
-    std::unique_ptr<MainWindow> window =
-        std::make_unique<MainWindow>(nullptr, std::make_shared<SerialHelper>(port));
+    std::unique_ptr<MainWindow> window = std::make_unique<MainWindow>(nullptr, std::make_shared<SerialHelper>(port));
 
     QAction *action(const char *name) const { return window->findChild<QAction *>(name); }
     void trigger(const char *name) const { action(name)->trigger(); }
@@ -200,14 +199,16 @@ private Q_SLOTS:
         const QString servo = "Zelvar servo id:200";
         for (const QString name : {"reboot", "factory reset"}) {
             const bool isReboot = name == "reboot";
-            const QString done = isReboot ? servo + " was rebooted successfully"
-                                          : "Factory reset of " + servo + " was successful";
+            const QString done =
+                isReboot ? servo + " was rebooted successfully" : "Factory reset of " + servo + " was successful";
+            // clang-format off
             const std::tuple<const char *, QByteArray, QStringList> rows[] = {
                 {"refused",    {},   {BoxWatcher::critical("Error occurred during " + name + " operation")}},
                 {"unanswered", {},   {}},
                 {"failed",     bad,  {BoxWatcher::critical("Error during " + name + " of " + servo)}},
                 {"done",       good, {BoxWatcher::success(done)}},
             };
+            // clang-format on
             for (const auto &[outcome, answer, boxes] : rows) {
                 const InRow row(name + ' ' + outcome);
                 Fixture fixture;

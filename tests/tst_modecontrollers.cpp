@@ -65,6 +65,7 @@ class TestModeControllers : public QObject
 private Q_SLOTS:
     void locks()
     {
+        // clang-format off
         const std::tuple<const char *, int, int, int> rows[] = {
             {"torque after wheel",                  Wheel,   Torque,      0},
             {"torque after joint",                  Joint,   Torque,      0},
@@ -78,6 +79,7 @@ private Q_SLOTS:
             {"placeholder shown",                   Torque,  Placeholder, 0},
             {"mode that is not in the list",        Torque,  Unknown,     0},
         };
+        // clang-format on
         for (const auto &[name, before, mode, inputMode] : rows) {
             const InRow row(name);
             ConnectedEditView fixture;

@@ -36,12 +36,14 @@ private Q_SLOTS:
     void identification()
     {
         const QByteArray zeros(13, '\0');
+        // clang-format off
         const std::tuple<const char *, QByteArray, bool> rows[] = {
             {"12, 0: AX-12",                      QByteArray(zeros).replace(5, 1, "\x0C"),        false},
             {"12, 1",                             QByteArray(zeros).replace(5, 2, "\x0C\x01"),    true },
             {"upper byte with the top bit",       QByteArray(zeros).replace(5, 2, "\x0C\x80"),    true },
             {"short: only the lower byte, of 12", QByteArray(zeros).replace(5, 1, "\x0C").left(6), true },
         };
+        // clang-format on
         for (const auto &[name, reply, isOwnFamily] : rows) {
             const InRow row(name);
             DeviceHelper helper(nullptr, [] {});
@@ -95,8 +97,8 @@ private Q_SLOTS:
 
     void errorByte()
     {
-        const QStringList names{"process", "instruction", "checksum", "range", "dataLength", "dataLimit", "access",
-                                "alert"};
+        const QStringList names{"process",    "instruction", "checksum", "range",
+                                "dataLength", "dataLimit",   "access",   "alert"};
         for (const int error : {0, 1, 2, 3, 4, 5, 6, 7, 0x82}) { // an alert hides the number
             QWidget view;
             for (const QString &name : names)

@@ -69,6 +69,7 @@ private Q_SLOTS:
 
     void valuesGoIntoTheirRows()
     {
+        // clang-format off
         const std::tuple<const char *, int, int, int, int, QStringList, QStringList> rows[] = {
             {"first",        0,   2, 0, 0, {"0x00 0x04", "0x01 0xa3"}, {"0 4", "1 163"}},
             {"bank 1",       27,  1, 1, 0, {"0x1b 0x04"},              {"27 4"}        },
@@ -78,6 +79,7 @@ private Q_SLOTS:
             {"gap",          41,  1, 1, 0, {},                         {}              },
             {"past the end", 256, 1, 0, 0, {},                         {}              },
         };
+        // clang-format on
         for (const auto &[name, address, size, bank, row, hexadecimal, decimal] : rows) {
             const InRow inRow(name);
             init();

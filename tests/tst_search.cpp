@@ -186,7 +186,12 @@ private Q_SLOTS:
         const std::tuple<const char *, Act, bool, QStringList> rows[] = {
             {"abort, in the sweep", [](Dialog *d) { d->abortScan(); }, false, first},
             {"abort, clicked", [](Dialog *d) { d->button("abortScan")->click(); }, true, second},
-            {"closed and shown again", [](Dialog *d) { d->close(); d->show(); }, true, first},
+            {"closed and shown again",
+             [](Dialog *d) {
+                 d->close();
+                 d->show();
+             },
+             true, first},
             {"destroyed", [](Dialog *d) { delete d; }, true, first},
             {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); }, true, all},
         };
@@ -198,17 +203,18 @@ private Q_SLOTS:
                 PtyPeer bus([](const Packet &) { return QByteArray(); });
                 QPointer<Dialog> dialog = new Dialog(bus.path());
                 dialog->choose({"9600", "19200", "38400"}, 1, 2);
-                connect(dialog, &SearchDialog::doScanServo, this, [&, action = act, queued = isQueued](int id, int rate) {
-                    probes << QString("%1:%2").arg(rate).arg(id);
-                    QVERIFY(!dialog->button("scan")->isEnabled());
-                    QVERIFY(dialog->button("abortScan")->isEnabled());
-                    if (probes.size() > 1)
-                        return;
-                    if (queued)
-                        QTimer::singleShot(0, this, [&dialog, action] { action(dialog); });
-                    else
-                        action(dialog);
-                });
+                connect(dialog, &SearchDialog::doScanServo, this,
+                        [&, action = act, queued = isQueued](int id, int rate) {
+                            probes << QString("%1:%2").arg(rate).arg(id);
+                            QVERIFY(!dialog->button("scan")->isEnabled());
+                            QVERIFY(dialog->button("abortScan")->isEnabled());
+                            if (probes.size() > 1)
+                                return;
+                            if (queued)
+                                QTimer::singleShot(0, this, [&dialog, action] { action(dialog); });
+                            else
+                                action(dialog);
+                        });
                 dialog->scan();
                 QVERIFY(!dialog || !dialog->button("abortScan")->isEnabled());
                 delete dialog;

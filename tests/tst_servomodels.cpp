@@ -68,6 +68,7 @@ private Q_SLOTS:
         ZelvarBench bench;
         QCOMPARE(int(bench.ask(wire::Read, QByteArray::fromHex("75000200")).error), int(wire::DataLengthError));
         QCOMPARE(int(bench.ask(5, {}).error), int(wire::InstructionError));
+        // clang-format off
         const std::pair<RegisterWrite, int> writes[] = {
             {{Register::Id, 253, 1},                               0                   },
             {{Register::Id, 254, 1},                               wire::DataRangeError},
@@ -80,6 +81,7 @@ private Q_SLOTS:
             {{Register::AcknowledgeTime, 250, 1},                  wire::AccessError   },
             {{Register::TargetPosition, 5, 4},                     0                   },
         };
+        // clang-format on
         for (const auto &[write, error] : writes)
             QCOMPARE(bench.write(write), error);
     }
@@ -140,6 +142,7 @@ private Q_SLOTS:
                 replies.append(reply.bytes);
             return replies;
         };
+        // clang-format off
         const std::pair<const char *, const char *> exchanges[] = {
             {"FFFF000206F7",           "FFFF000200FD"      }, // the reset gives it the id 1
             {"FFFF0104020003F5",       "FFFF0105000C0018D5"},
@@ -148,6 +151,7 @@ private Q_SLOTS:
             {"FFFF0105031E0004D4",     "FFFF010208F4"      }, // too far
             {"FFFF0104032400D3",       "FFFF010208F4"      }, // read-only
         };
+        // clang-format on
         for (const auto &[request, reply] : exchanges)
             QCOMPARE(answer(request, 0us), QByteArray::fromHex(reply));
         const QByteArray position = answer("FFFF0104022402D2", 500ms);

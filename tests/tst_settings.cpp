@@ -48,6 +48,7 @@ private Q_SLOTS:
 
     void theStoreIsBelievedWhereItMakesSense()
     {
+        // clang-format off
         const std::tuple<const char *, QVariant, QVariant, int, const char *> rows[] = {
             {"nothing",        {},      {},    1000000, "000000000"},
             {"of the list",    57600,   0,     57600,   "000000000"},
@@ -56,6 +57,7 @@ private Q_SLOTS:
             {"negative",       -9600,   -1,    1000000, "000000000"},
             {"text",           "fast",  "rpm", 1000000, "000000000"},
         };
+        // clang-format on
         for (const auto &[name, baudRate, unit, baudRateShown, units] : rows) {
             const InRow row(name);
             QSettings store("Ostravel", "Zelvar Servo Manager");

@@ -101,8 +101,10 @@ private Q_SLOTS:
     void refusesBadArguments()
     {
         SimulatorProcess bench({"--name", "bench"});
-        for (const QStringList &arguments : {QStringList{"--servo", "zelvar:999"}, {"--name", "bench"},
-                                             {"--link", QDir::tempPath()}, {"--state", "/nowhere/state"}}) {
+        for (const QStringList &arguments : {QStringList{"--servo", "zelvar:999"},
+                                             {"--name", "bench"},
+                                             {"--link", QDir::tempPath()},
+                                             {"--state", "/nowhere/state"}}) {
             const InRow row(arguments.join(' '));
             SimulatorProcess simulator(arguments);
             QVERIFY(simulator.process().state() == QProcess::NotRunning || simulator.process().waitForFinished());

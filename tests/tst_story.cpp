@@ -96,7 +96,7 @@ private Q_SLOTS:
         target->setValue(1.0);
         desk.click("vParamsEditSaveToolButton");
 
-        constexpr int TargetPositionRow = 16; // in "Volatile bank 1"
+        constexpr int TargetPositionRow = 16;                    // in "Volatile bank 1"
         const QStringList bytes{"0x8b", "0x02", "0x00", "0x00"}; // 651 counts
         desk.showTab(1);
         for (int byte = 0; byte < 4; ++byte)

@@ -145,9 +145,10 @@ private Q_SLOTS:
     {
         const QStringList english{"C&onnect", "Disconnected", "Target position (radians):", "Wheel", "Edit", "Cancel"};
         const QStringList german{"&Verbinden", "Getrennt", "Zielposition (Radiant):", "Rad", "Bearbeiten", "Abbrechen"};
-        const QStringList spanish{"C&onectar", "Desconectado", "Posición objetivo (radianes):", "Rueda", "Editar",
-                                  "Cancelar"};
+        const QStringList spanish{
+            "C&onectar", "Desconectado", "Posición objetivo (radianes):", "Rueda", "Editar", "Cancelar"};
         const auto shortcuts = shortcutsOf(MainWindow(nullptr));
+        // clang-format off
         const std::pair<QStringList, QStringList> rows[] = {
             {QLocale("de_AT").uiLanguages(), german},
             {{"de-DE", "en"},                german},
@@ -157,6 +158,7 @@ private Q_SLOTS:
             {{"en-GB", "de"},                english},
             {{"fi"},                         english},
         };
+        // clang-format on
         for (const auto &[languages, texts] : rows) {
             const InRow row(languages.join(", "));
             const Speaking speaking(languages);

@@ -22,12 +22,14 @@ class TestUnits : public QObject
 private Q_SLOTS:
     void conversions()
     {
+        // clang-format off
         const std::tuple<const char *, qint32, qint32, double, double> rows[] = {
             {"rpm, with the literal 2 pi", 0,  1, 1.0,            9.549296585516132},
             {"degrees",                    1,  1, 6.283185307178, 360.0            },
             {"A is what converts",         5,  0, 250.0,          0.25             },
             {"no id at all",               -1, 1, 3.5,            3.5              },
         };
+        // clang-format on
         for (const auto &[name, fieldId, unitIndex, base, display] : rows) {
             const InRow row(name);
             // Exact: the literal differs from the full-precision 2π in the twelfth digit only.
@@ -38,6 +40,7 @@ private Q_SLOTS:
 
     void physicalToRaw()
     {
+        // clang-format off
         const std::tuple<const char *, FieldLimits, double, qint32> rows[] = {
             {"truncated, not rounded",   Position, 0.0019,  1     },
             {"truncated toward zero",    Position, -0.0019, -1    },
@@ -47,6 +50,7 @@ private Q_SLOTS:
             {"not a number",             Gain,     qQNaN(), 0     },
             {"no range",                 NoRange,  99.0,    7     },
         };
+        // clang-format on
         for (const auto &[name, limits, physical, raw] : rows) {
             const InRow row(name);
             QCOMPARE(RawScale(limits).toRaw(physical), raw);
@@ -55,6 +59,7 @@ private Q_SLOTS:
 
     void rawToPhysical()
     {
+        // clang-format off
         const std::tuple<const char *, FieldLimits, qint32, double> rows[] = {
             {"one turn",                    Position,      4096,   6.283185307178},
             {"rawMin is physicalMin",       Shifted,       100,    1.0           },
@@ -62,6 +67,7 @@ private Q_SLOTS:
             {"no range",                    NoRange,       500,    2.0           },
             {"no record",                   FieldLimits(), 500,    0.0           },
         };
+        // clang-format on
         for (const auto &[name, limits, raw, physical] : rows) {
             const InRow row(name);
             QCOMPARE(RawScale(limits).toPhysical(raw), physical);

@@ -7,8 +7,7 @@
 
 namespace {
 
-enum Column
-{
+enum Column {
     AddressColumn,
     ValueColumn,
     DescriptionColumn,
@@ -33,8 +32,7 @@ QColor readOnlyTint()
 
 QString formatted(unsigned number, bool isDecimal)
 {
-    return isDecimal ? QString::number(number)
-                     : QStringLiteral("0x%1").arg(number, HexDigits, 16, QLatin1Char('0'));
+    return isDecimal ? QString::number(number) : QStringLiteral("0x%1").arg(number, HexDigits, 16, QLatin1Char('0'));
 }
 
 bool showsDecimal()
@@ -45,8 +43,7 @@ bool showsDecimal()
 
 } // namespace
 
-RegisterView::RegisterView(QWidget *parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::RegisterView>()), m_tables()
+RegisterView::RegisterView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::RegisterView>()), m_tables()
 {
     m_ui->setupUi(this);
     theView = this;

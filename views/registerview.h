@@ -60,9 +60,9 @@ private:
     struct Row
     {
         RegisterDescription description;
-        quint8 value = 0;           ///< last read
-        bool isPending = false;     ///< the value has come while the view was hidden
-        bool isShown = false;       ///< the table has shownValue
+        quint8 value = 0;       ///< last read
+        bool isPending = false; ///< the value has come while the view was hidden
+        bool isShown = false;   ///< the table has shownValue
         quint8 shownValue = 0;
         bool isShownDecimal = false;
     };

@@ -209,8 +209,7 @@ bool BoundField::isNumber() const
 
 BoundField::Range BoundField::shownRange() const
 {
-    return {m_units->toDisplay(m_limits->physicalMin, m_fieldId),
-            m_units->toDisplay(m_limits->physicalMax, m_fieldId)};
+    return {m_units->toDisplay(m_limits->physicalMin, m_fieldId), m_units->toDisplay(m_limits->physicalMax, m_fieldId)};
 }
 
 QString BoundField::toolTipText(const IDevice &device) const
@@ -224,8 +223,7 @@ QString BoundField::toolTipText(const IDevice &device) const
     const auto text = [&](double number) { return locale.toString(number, 'f', shownDecimals()); };
     const Range range = shownRange();
     const QString unit = hasUnit() ? m_units->unitName(m_fieldId) : QString();
-    return registers + QLatin1Char('\n') +
-           FieldToolTip::rangeText(text(range.minimum), text(range.maximum), unit);
+    return registers + QLatin1Char('\n') + FieldToolTip::rangeText(text(range.minimum), text(range.maximum), unit);
 }
 
 int BoundField::shownDecimals() const
@@ -235,8 +233,7 @@ int BoundField::shownDecimals() const
     const double rawSpan = double(m_limits->rawMax) - m_limits->rawMin;
     const double step = rawSpan == 0.0 ? 1.0 : (m_limits->physicalMax - m_limits->physicalMin) / rawSpan;
     int digits = 0;
-    for (double scaled = step; digits < MaxDecimals && std::abs(scaled - std::round(scaled)) > Noise;
-         scaled *= 10.0)
+    for (double scaled = step; digits < MaxDecimals && std::abs(scaled - std::round(scaled)) > Noise; scaled *= 10.0)
         ++digits;
     return digits;
 }

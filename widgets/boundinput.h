@@ -29,8 +29,7 @@ public:
     }
 
 protected:
-    explicit BoundInput(QWidget *parent)
-        : QtBase(parent), BoundField(static_cast<QWidget &>(*this)), m_stored()
+    explicit BoundInput(QWidget *parent) : QtBase(parent), BoundField(static_cast<QWidget &>(*this)), m_stored()
     {
         // A turn of the wheel that scrolls the view must not take the focus either.
         if (this->focusPolicy() == Qt::WheelFocus)

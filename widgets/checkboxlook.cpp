@@ -23,10 +23,9 @@ int spacing(const QCheckBox &box, const QString &text)
 
 QString style(const QCheckBox &box, const QString &text, const char *indicatorColor)
 {
-    return QStringLiteral(
-               "QCheckBox{spacing:%1px;} QAbstractButton{ color:#4d4c4c; padding-right:2px; } "
-               "QCheckBox::indicator { width: 12px; height: 12px; background:%2; border-style: solid; "
-               "border: 1px solid #b8a692; border-radius: 3px; }")
+    return QStringLiteral("QCheckBox{spacing:%1px;} QAbstractButton{ color:#4d4c4c; padding-right:2px; } "
+                          "QCheckBox::indicator { width: 12px; height: 12px; background:%2; border-style: solid; "
+                          "border: 1px solid #b8a692; border-radius: 3px; }")
         .arg(spacing(box, text))
         .arg(QLatin1String(indicatorColor));
 }

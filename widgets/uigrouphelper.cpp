@@ -128,8 +128,7 @@ void UiGroupHelper::on_editSaveToolButton_toggled(bool checked)
     forEachInput(*box, [checked](QObject *, IGroupInputComponent &input) {
         input.setEditable(checked && !input.awaitsValue());
     });
-    editSave->setIcon(
-        QIcon(checked ? QStringLiteral(":/images/apply.png") : QStringLiteral(":/images/edit.png")));
+    editSave->setIcon(QIcon(checked ? QStringLiteral(":/images/apply.png") : QStringLiteral(":/images/edit.png")));
     editSave->setText(checked ? tr("Apply") : tr("Edit"));
     editSave->clearReferenceCount();
     editSave->refreshEnabled();

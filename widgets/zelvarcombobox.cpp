@@ -15,10 +15,9 @@ constexpr char ConnectedTextColor[] = "#5C5C61";
 
 QString listStyle(const char *disabledTextColor)
 {
-    return QStringLiteral(
-               "QComboBox:enabled { background-color:white; } "
-               "QComboBox:disabled { border: 1px solid #D6D3D1; background-color:#ECEAE9; color: %1; "
-               "padding: 1px 0px 1px 3px; selection-color: #5C5C61; }")
+    return QStringLiteral("QComboBox:enabled { background-color:white; } "
+                          "QComboBox:disabled { border: 1px solid #D6D3D1; background-color:#ECEAE9; color: %1; "
+                          "padding: 1px 0px 1px 3px; selection-color: #5C5C61; }")
         .arg(QLatin1String(disabledTextColor));
 }
 

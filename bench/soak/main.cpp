@@ -1,8 +1,8 @@
-// Drives the whole program for long, as fast as the bus allows and with a line that is disturbed, and looks at what must
-// stay flat or whole: memory, descriptors, every write, and Qt's silence. Exits with 1 when something does not.
+// Drives the whole program for long, as fast as the bus allows and with a line that is disturbed, and looks at what
+// must stay flat or whole: memory, descriptors, every write, and Qt's silence. Exits with 1 when something does not.
 
-#include "link/processwide.h"
 #include "device/uiregisterhelper.h"
+#include "link/processwide.h"
 #include "tests/support/desk.h"
 #include "tests/support/testenvironment.h"
 #include "widgets/uigrouphelper.h"
@@ -29,8 +29,10 @@ constexpr double AllowedGrowth = 0.01;
 constexpr int LongRun = 20000;
 constexpr double AllowedEarlyGrowth = 0.05;
 
+// clang-format off
 const QStringList Disturbances{"--seed",   "5",     "--fault", "drop=0.01",    "--fault", "corrupt=0.01",
                                "--fault",  "truncate=0.01", "--fault", "garbage=0.02", "--fault", "chunk"};
+// clang-format on
 
 int warnings = 0;
 

@@ -116,8 +116,7 @@ private:
     {
         m_desk.click("vParamsEditSaveToolButton");
         require("a moving servo", [this] {
-            return position().toDouble() > OnTheWay &&
-                   m_desk.find<QCheckBox>("isMovingCheckBox")->isChecked();
+            return position().toDouble() > OnTheWay && m_desk.find<QCheckBox>("isMovingCheckBox")->isChecked();
         });
         take(*m_desk.window, "unit-fields");
     }

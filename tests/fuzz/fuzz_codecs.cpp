@@ -15,8 +15,9 @@ QByteArray encoded(const Packet &packet)
     // Another sender may fill its packets up to the bound with bytes that needed no stuffing.
     if (packet.parameters.size() > protocol2::MaximumParameters)
         return packet.raw;
-    return packet.instruction == Status ? protocol2::encodeStatus(packet.id, packet.error, packet.parameters)
-                                        : protocol2::encodeInstruction(packet.id, packet.instruction, packet.parameters);
+    return packet.instruction == Status
+               ? protocol2::encodeStatus(packet.id, packet.error, packet.parameters)
+               : protocol2::encodeInstruction(packet.id, packet.instruction, packet.parameters);
 }
 
 QByteArray makePacket(FuzzInput &input, Framing framing)

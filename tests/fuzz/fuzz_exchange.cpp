@@ -23,8 +23,8 @@ QByteArray makeAnswer(FuzzInput &input, const BusRequest &request)
 {
     const quint8 id = input.byte() % 4 ? request.id : input.byte();
     const quint8 error = input.byte();
-    const QByteArray data = input.byte() % 4 ? QByteArray(request.length, static_cast<char>(input.byte()))
-                                             : input.bytes(130);
+    const QByteArray data =
+        input.byte() % 4 ? QByteArray(request.length, static_cast<char>(input.byte())) : input.bytes(130);
     if (input.byte() % 2)
         return wire::protocol2::encodeStatus(id, error, data);
     return wire::protocol1::encode(id, error, data.left(wire::protocol1::MaximumParameters));

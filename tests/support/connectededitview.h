@@ -26,7 +26,8 @@ public:
         qRegisterMetaType<uint8_t>("uint8_t");
         chooseUnits(unit);
         ProcessWide<DeviceHelper>::instance() = std::make_shared<DeviceHelper>(
-            std::make_shared<SerialHelper>(), [] {}, [] {
+            std::make_shared<SerialHelper>(), [] {},
+            [] {
                 return ModeDependencies{std::make_shared<OperationModeController>(),
                                         std::make_shared<InputModeController>()};
             });

@@ -24,10 +24,7 @@ struct EditedField
     /** What the names of its group's buttons begin with. */
     const char *group() const { return isVolatile() ? "v" : "nv"; }
     /** The registers of @p table that are written together with it. */
-    QByteArray block(const QByteArray &table) const
-    {
-        return isVolatile() ? table.mid(48, 60) : table.mid(3, 38);
-    }
+    QByteArray block(const QByteArray &table) const { return isVolatile() ? table.mid(48, 60) : table.mid(3, 38); }
 
     /** @p table once value() of the control, @p value, has been written to it. */
     QByteArray written(QByteArray table, int value) const

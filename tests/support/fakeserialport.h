@@ -56,8 +56,7 @@ public:
     }
     void closeSerialPort() override { calls.append({"close", 0, 0, 0, {}}); }
     std::vector<std::shared_ptr<SerialPortItem>> getSerialPortList() override { return ports; }
-    bool readData(unsigned char id, unsigned char address, unsigned char length,
-                  std::function<void()> onData) override
+    bool readData(unsigned char id, unsigned char address, unsigned char length, std::function<void()> onData) override
     {
         return take({"read", id, address, length, {}}, std::move(onData));
     }

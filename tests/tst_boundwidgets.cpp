@@ -203,6 +203,25 @@ private Q_SLOTS:
         QVERIFY(writes.isEmpty()); // Enter does not apply
     }
 
+    void aStepIsWorthWhatItShows()
+    {
+        ConnectedEditView fixture;
+        QByteArray table = tableWith(78, 4, 100);
+        ConnectedEditView::put(table, 68, 2, 2);
+        fixture.connectAndFeed(table);
+        fixture.editSave("v").setChecked(true);
+        auto &profile = fixture.child<QDoubleSpinBox>("angularVelocityProfileDoubleSpinBox");
+        QTest::keyClick(&profile, Qt::Key_Up);
+        QVERIFY(fixture.editSave("v").isEnabled());
+        QTest::keyClick(&profile, Qt::Key_Down);
+        QCOMPARE(profile.text(), QString("0.002"));
+        QVERIFY(!fixture.editSave("v").isEnabled());
+        auto &target = fixture.child<ZelvarDoubleSpinBox>("targetPositionDoubleSpinBox");
+        QTest::keyClick(&target, Qt::Key_Up);
+        QCOMPARE(target.text(), QString("0.155"));
+        QCOMPARE(target.value(), 101); // as if it had been typed
+    }
+
     void wheelPassesControlsWithoutFocus()
     {
         ConnectedEditView fixture;

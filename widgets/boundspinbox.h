@@ -14,6 +14,16 @@
 template <class QtBase, class Number>
 class BoundSpinBox : public BoundInput<QtBase, Number>
 {
+public:
+    // Qt steps from the number behind the text to another one with more decimals than are shown, and does not tell when
+    // the two hardly differ. What is shown is what counts.
+    void stepBy(int steps) override
+    {
+        QtBase::stepBy(steps);
+        QtBase::setValue(QtBase::value());
+        this->trackEdit();
+    }
+
 protected:
     explicit BoundSpinBox(QWidget *parent) : BoundInput<QtBase, Number>(parent)
     {

@@ -346,6 +346,7 @@ void MainWindow::onAnswersMissing()
 void MainWindow::onAnswersBack()
 {
     m_ui->statusBar->showMessage(tr("Connected"));
+    ProcessWide<UiGroupHelper>::instance()->setServoReachable(true);
     takeOverAddress(m_watch->address());
 }
 
@@ -354,6 +355,7 @@ void MainWindow::onServoMoved(const ServoAddress &address)
     m_ui->statusBar->showMessage(tr("The servo now listens at address %1 and %2 baud: disconnect and connect again")
                                      .arg(address.id)
                                      .arg(address.baudRate));
+    ProcessWide<UiGroupHelper>::instance()->setServoReachable(false);
     takeOverAddress(address);
 }
 

@@ -117,6 +117,7 @@ private Q_SLOTS:
                 const QByteArray before = desk.simulator.registers();
                 auto *control = desk.find<QWidget>(field.control);
                 const QByteArray button = field.group() + QByteArray("ParamsEditSaveToolButton");
+                QVERIFY(desk.find<QToolButton>(button)->isEnabled());
                 desk.click(button);
                 if (!control->isEnabled()) {
                     desk.click(field.group() + QByteArray("ParamsCancelToolButton"));

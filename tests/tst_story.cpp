@@ -127,12 +127,15 @@ private Q_SLOTS:
         desk.find<QComboBox>("baudRateComboBox")->setCurrentText("115200");
         desk.click("nvParamsEditSaveToolButton");
         QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
+        for (const char *button : {"nvParamsEditSaveToolButton", "vParamsEditSaveToolButton"})
+            QVERIFY(!desk.find<QToolButton>(button)->isEnabled()); // it would go to where the servo is no more
         QTRY_VERIFY(state() != before); // the servo has it: no more on its way
         desk.window.reset();
         desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
         desk.window->show();
         QVERIFY(desk.connects());
         QTRY_COMPARE(desk.find<QSpinBox>("idSpinBox")->value(), 9);
+        QVERIFY(desk.find<QToolButton>("vParamsEditSaveToolButton")->isEnabled());
     }
 
     void theMotorMovesAndLocksTheNonVolatileParameters()

@@ -10,6 +10,8 @@
 
 #include <QIcon>
 
+#include <utility>
+
 struct UiGroupHelper::GroupRow
 {
     const char *objectName;
@@ -102,6 +104,7 @@ ZelvarParametersGroupBox *UiGroupHelper::group(const char *objectName) const
 
 void UiGroupHelper::linkUp()
 {
+    setServoReachable(true);
     Q_EMIT linkWentUp();
 }
 
@@ -172,13 +175,30 @@ void UiGroupHelper::on_enableMotorCheckBox_toggled(bool)
 void UiGroupHelper::applyMotorRule()
 {
     const ZelvarParametersGroupBox *source = group("volatileParamsGroupBox");
-    const ZelvarParametersGroupBox *target = group("nonVolatileParamsGroupBox");
-    if (!source || !target || source->editMode())
+    if (!source || source->editMode())
         return;
-    const auto *enableMotor = source->findChild<ZelvarCheckBox *>(QStringLiteral("enableMotorCheckBox"));
-    ZelvarGroupToolButton *editSave = buttonOf(*target, ZelvarGroupToolButton::EditSave);
-    if (enableMotor && editSave)
-        editSave->setInhibited(enableMotor->isChecked());
+    if (const auto *enableMotor = source->findChild<ZelvarCheckBox *>(QStringLiteral("enableMotorCheckBox")))
+        m_isMotorOn = enableMotor->isChecked();
+    refreshInhibition();
+}
+
+void UiGroupHelper::setServoReachable(bool reachable)
+{
+    m_isServoReachable = reachable;
+    refreshInhibition();
+}
+
+void UiGroupHelper::refreshInhibition()
+{
+    const std::pair<const char *, bool> inhibitions[] = {
+        {"nonVolatileParamsGroupBox", !m_isServoReachable || m_isMotorOn},
+        {"volatileParamsGroupBox", !m_isServoReachable},
+    };
+    for (const auto &[name, isInhibited] : inhibitions) {
+        const ZelvarParametersGroupBox *box = group(name);
+        if (ZelvarGroupToolButton *editSave = box ? buttonOf(*box, ZelvarGroupToolButton::EditSave) : nullptr)
+            editSave->setInhibited(isInhibited);
+    }
 }
 
 void UiGroupHelper::saveNothing() {}

@@ -37,6 +37,8 @@ public Q_SLOTS:
     void linkUp();
     /** The port is closed or lost: edits are dropped and the groups show nothing any more. */
     void linkDown();
+    /** While the servo listens elsewhere than it is asked, nothing can be edited or applied: it would be lost. */
+    void setServoReachable(bool reachable);
 
 private Q_SLOTS:
     void on_editSaveToolButton_toggled(bool checked);
@@ -55,6 +57,7 @@ private:
     ZelvarParametersGroupBox *group(const char *objectName) const;
     void cancelEditing(ZelvarParametersGroupBox &group);
     void applyMotorRule();
+    void refreshInhibition();
 
     void saveNothing();
     void saveNonVolatile();
@@ -62,4 +65,6 @@ private:
     void save(const SaveBlock &block);
 
     QPointer<QWidget> m_view;
+    bool m_isServoReachable = true;
+    bool m_isMotorOn = false;
 };

@@ -68,7 +68,6 @@ private Q_SLOTS:
     void everyControlHasANameOfItsOwn()
     {
         Fixture fixture;
-        // clang-format off
         const std::pair<QWidget *, int> windows[] = {
             {&fixture.window, 80}, {SettingsDialog::instance(), 20}, {SearchDialog::instance(), 18}};
         for (const auto &[window, atLeast] : windows) {
@@ -92,6 +91,7 @@ private Q_SLOTS:
 
     void valuesAndStatesAreReadByName()
     {
+        // clang-format off
         const std::tuple<const char *, int, int, quint32, const char *> rows[] = {
             {"Position (radians):",               86, 4, 2048,   "3.142"    },
             {"Target torque (Nm):",               84, 2, 1500,   "1.50"     },

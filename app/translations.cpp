@@ -40,8 +40,7 @@ void installTranslations(QApplication &application, const QStringList &languages
     const QString own = QStringLiteral(":/translations");
     const QString qts = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
     for (const QString &name : languages) {
-        // One by one, since QTranslator passes over English, which has no catalogue, to whatever else the user
-        // reads.
+        // One by one, since QTranslator passes over English, which has no catalogue, to whatever else the user reads.
         const QLocale language(name);
         if (language.language() == QLocale::English || name == QLatin1String("C"))
             return;

@@ -36,7 +36,7 @@ constexpr ModeLock x = ModeLock::Untouched;
  * The velocity-proportional label stands twice, and the later row wins. The position-proportional label and
  * the acceleration limit keep, in some modes, the state that the mode before gave them.
  */
-constexpr std::array<ModeLockRow, 55> kModeLocks = [] {
+constexpr std::array<ModeLockRow, 55> ModeLocks = [] {
     using namespace modelocks;
     // clang-format off
     return std::array<ModeLockRow, 55>{{

@@ -31,8 +31,7 @@ public:
     void identify(uint8_t servoId);
     /**
      * Makes the device model for the model number at bytes 5 and 6 of @p reply, replaces the current one, and
-     * announces it. Whatever is not an AX-12, replies that are too short included, is taken for the own
-     * family.
+     * announces it. Whatever is not an AX-12, replies that are too short included, is taken for the own family.
      */
     void onModelNumberRead(const QByteArray &reply);
 

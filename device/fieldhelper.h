@@ -9,8 +9,7 @@
 #include <unordered_map>
 
 /**
- * Finds the fields of a view by object name, and knows the field id of every bound control. GUI thread
- * only.
+ * Finds the fields of a view by object name, and knows the field id of every bound control. GUI thread only.
  */
 class FieldHelper
 {

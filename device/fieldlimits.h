@@ -7,8 +7,8 @@
 #include <memory>
 
 /**
- * How the raw register range of a control maps onto a physical range (base units: rad, rad/s, N·m, V, mA,
- * °C).
+ * How the raw register range of a control maps onto a physical range (base units: rad, rad/s, rad/s², N·m, V, mA, °C,
+ * μs).
  */
 struct FieldLimits
 {

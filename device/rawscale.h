@@ -13,8 +13,7 @@ public:
     /** rawMin is at physicalMin, rawMax at physicalMax. */
     explicit RawScale(const FieldLimits &limits);
     /**
-     * As the constructor's, but raw 0 is at physicalMin whatever rawMin is; the integer spin boxes count
-     * so.
+     * As the constructor's, but raw 0 is at physicalMin whatever rawMin is; the integer spin boxes count so.
      */
     static RawScale fromZero(const FieldLimits &limits);
 

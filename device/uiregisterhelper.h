@@ -45,8 +45,7 @@ public:
 
     /**
      * The byte last read from the register at @p address of the current device, including registers that no
-     * control shows and values that came while their group was edited. Nothing when it has not been read
-     * yet.
+     * control shows and values that came while their group was edited. Nothing when it has not been read yet.
      */
     std::optional<quint8> lastByte(quint8 address) const;
     /**
@@ -72,8 +71,7 @@ private:
     std::map<QString, Fields, std::less<>> m_fields;
     std::map<quint8, quint8> m_lastBytes;
     /**
-     * Whose bytes m_lastBytes are: those of an earlier connection must never be taken for the current
-     * servo's.
+     * Whose bytes m_lastBytes are: those of an earlier connection must never be taken for the current servo's.
      */
     std::weak_ptr<IDevice> m_readFrom;
 };

@@ -11,7 +11,7 @@ struct Unit
     const char *text;
     int decimals;
     double singleStep;
-    /** Set for the default of a quantity that offers a choice. */
+    /** Set for the default of a quantity that offers a choice. Part of the table; nothing asks for it yet. */
     quint64 flag;
 };
 

@@ -18,8 +18,7 @@ public:
     explicit UnitsHelper(std::shared_ptr<const PhysicalQuantities> quantities);
 
     /**
-     * @p value in the quantity's base unit to the chosen display unit; unchanged for a field without a
-     * unit.
+     * @p value in the quantity's base unit to the chosen display unit; unchanged for a field without a unit.
      */
     double toDisplay(double value, qint32 fieldId) const;
     /** The inverse of toDisplay(). */

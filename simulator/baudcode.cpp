@@ -8,8 +8,7 @@ namespace baudcode {
 namespace {
 
 constexpr double BaseRate = 2000000.0;
-/** Two UARTs lose the stop bit when they drift by half a bit in ten; with sampling jitter, 3 % is what works.
- */
+/** Two UARTs lose the stop bit when they drift by half a bit in ten; with sampling jitter, 3 % is what works. */
 constexpr double Tolerance = 0.03;
 
 } // namespace

@@ -15,8 +15,7 @@ FaultInjector::FaultInjector(const FaultSettings &settings, quint32 seed) : m_se
 bool FaultInjector::happens(double probability)
 {
     // Drawn even where it can't happen, so that one fault's probability does not shift the dice of the
-    // others. The standard distributions give other numbers in other libraries; the generator itself does
-    // not.
+    // others. The standard distributions give other numbers in other libraries; the generator itself does not.
     return m_random() < probability * 4294967296.0;
 }
 

@@ -21,8 +21,7 @@ struct FaultSettings
     std::optional<int> vanishAfter; ///< replies after which the port goes away in place of the next one
 };
 
-/** Spoils replies as told. The same replies with the same seed are spoilt in the same way, on every machine.
- */
+/** Spoils replies as told. The same replies with the same seed are spoilt in the same way, on every machine. */
 class FaultInjector
 {
 public:

@@ -2,8 +2,7 @@
 
 #include <QtGlobal>
 
-// The kernel's own terminal headers, which know any speed, clash with the C library's <termios.h>: hence this
-// file.
+// The kernel's own terminal headers, which know any speed, clash with the C library's <termios.h>: hence this file.
 #ifdef Q_OS_LINUX
 #    include <asm/ioctls.h>
 #    include <asm/termbits.h>

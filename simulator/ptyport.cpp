@@ -97,8 +97,7 @@ void PtyPort::readAvailable()
     const bool isBroken = count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR);
     const QString error = isBroken ? systemError("cannot read from the pseudo terminal") : QString();
 
-    // Only now: whoever sent these bytes had opened the device file before, so replies to them come after the
-    // flush.
+    // Only now: whoever sent these bytes had opened the device file before, so replies to them come after the flush.
     m_watch.catchUp();
     if (count > 0)
         Q_EMIT received(QByteArray(buffer, static_cast<int>(count)));

@@ -11,8 +11,7 @@ class QSocketNotifier;
 /**
  * The simulated adapter: a pseudo terminal whose device file a client opens like a serial port.
  *
- * It outlives its clients: it keeps the device file open itself, so that a client's leaving is no end of
- * file.
+ * It outlives its clients: it keeps the device file open itself, so that a client's leaving is no end of file.
  */
 class PtyPort : public QObject
 {
@@ -29,8 +28,7 @@ public:
     QString devicePath() const { return m_devicePath; }
     /** Bits per second that the client has set; 0 if unknown. */
     int baudRate() const;
-    /** Sends @p bytes to the client. What does not fit because it does not read them is lost, as on a wire.
-     */
+    /** Sends @p bytes to the client. What does not fit because it does not read them is lost, as on a wire. */
     void write(const QByteArray &bytes);
 
 Q_SIGNALS:

@@ -33,8 +33,7 @@ struct RegisterRow
     qint32 defaultValue;
 };
 
-/** The registers of a servo as bytes; addresses that no row covers are gaps that read as 0 and ignore writes.
- */
+/** The registers of a servo as bytes; addresses that no row covers are gaps that read as 0 and ignore writes. */
 class RegisterTable
 {
 public:

@@ -13,8 +13,7 @@
 
 #include <optional>
 
-/** A simulated bus at work: behind its pseudo terminal, published, in real time, with the faults asked for.
- */
+/** A simulated bus at work: behind its pseudo terminal, published, in real time, with the faults asked for. */
 class Simulator : public QObject
 {
     Q_OBJECT

@@ -113,8 +113,7 @@ std::optional<int> numberIn(const QString &text, int least, int greatest)
     return isNumber && value >= least && value <= greatest ? std::optional<int>(value) : std::nullopt;
 }
 
-/** Each of these reads one kind of option into @p options and returns an empty text or what is wrong with it.
- */
+/** Each of these reads one kind of option into @p options and returns an empty text or what is wrong with it. */
 QString readFault(const QString &text, FaultSettings &faults)
 {
     const int separator = text.indexOf(QLatin1Char('='));

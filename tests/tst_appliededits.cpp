@@ -111,8 +111,7 @@ private Q_SLOTS:
             for (const EditedField &field : EditedFields) {
                 const InRow row(QString("%1 in mode %2").arg(field.control).arg(mode));
                 fill(desk.simulator, mode, random);
-                // One answer may be older than these contents, and the locks follow the mode one answer
-                // later.
+                // One answer may be older than these contents, and the locks follow the mode one answer later.
                 QVERIFY(awaitPolls(3));
                 const QByteArray before = desk.simulator.registers();
                 auto *control = desk.find<QWidget>(field.control);

@@ -32,6 +32,17 @@ void enter(QWidget &control, const QVariant &value)
     }
 }
 
+/** Whether a list lets its placeholder, which is its last entry, be chosen. */
+bool offersPlaceholder(const QWidget &control)
+{
+    const auto *list = qobject_cast<const QComboBox *>(&control);
+    if (!list)
+        return false;
+    const QModelIndex last = list->model()->index(list->count() - 1, 0);
+    return !qobject_cast<QListView *>(list->view())->isRowHidden(last.row()) ||
+           last.flags().testFlag(Qt::ItemIsEnabled);
+}
+
 QByteArray tableWith(int address, int size, quint32 value, int mode = 2)
 {
     QByteArray table = ConnectedEditView::jointTable();
@@ -76,7 +87,7 @@ private Q_SLOTS:
             fixture.connectTo(0x0102);
             field.setValue(raw);
             QCOMPARE(shown(control), text);
-            QVERIFY(!control.isEnabled());
+            QVERIFY(!control.isEnabled() && !offersPlaceholder(control));
 
             group.setEditMode(true);
             input.setEditable(true);
@@ -110,38 +121,131 @@ private Q_SLOTS:
 
     void unitsAndFormatsAreThoseOfTheConnection()
     {
-        // control, its register and size, operating mode in which it is in use, raw value, shown in the two units
+        // operating mode in which it is in use, control, its register and size, raw value, shown in the two units
         // clang-format off
-        const std::tuple<const char *, int, int, int, quint32, const char *, const char *> rows[] = {
-            {"actualPositionLineEdit",                 86, 4, 2, 2048,       "3.142",             "180.00"           },
-            {"actualPositionLineEdit",                 86, 4, 2, 0xFFFFFFFF, "-0.002",            "-0.09"            },
-            {"targetPositionDoubleSpinBox",            78, 4, 2, 1024,       "1.571",             "90.00"            },
-            {"clockwiseLimitDoubleSpinBox",            7,  2, 2, 0xFC00,     "-1.572",            "-90.04"           },
-            {"targetAngularVelocityDoubleSpinBox",     82, 2, 1, 0x83E8,     "1.00",              "9.5"              },
-            {"targetAngularVelocityDirectionComboBox", 82, 2, 1, 0x83E8,     "Clockwise",         "Clockwise"        },
-            {"targetTorqueDoubleSpinBox",              84, 2, 0, 0x85DC,     "1.50",              "15.30"            },
-            {"targetTorqueDirectionComboBox",          84, 2, 0, 0x7FFF,     "Counter-clockwise", "Counter-clockwise"},
-            {"actualTemperatureLineEdit",              97, 1, 2, 41,         "41",                "105.8"            },
-            {"modelNumberLineEdit",                    0,  2, 2, 0x0A05,     "10.5",              "10.5"             },
+        const std::tuple<int, const char *, int, int, quint32, const char *, const char *> rows[] = {
+            {0, "baudRateComboBox",                         4,  1, 16,         "115200",            "115200"           },
+            {0, "targetTorqueDoubleSpinBox",                84, 2, 0x05DC,     "1.50",              "15.30"            },
+            {0, "targetTorqueDirectionComboBox",            84, 2, 0x05DC,     "Counter-clockwise", "Counter-clockwise"},
+            {1, "actualPositionLineEdit",                   86, 4, 0xFFFFFFFF, "-0.002",            "-0.09"            },
+            {1, "targetAngularVelocityDoubleSpinBox",       82, 2, 0x83E8,     "1.00",              "9.5"              },
+            {1, "targetAngularVelocityDirectionComboBox",   82, 2, 0x83E8,     "Clockwise",         "Clockwise"        },
+            {2, "modelNumberLineEdit",                      0,  2, 0x0A05,     "10.5",              "10.5"             },
+            {2, "firmwareVersionLineEdit",                  2,  1, 21,         "21",                "21"               },
+            {2, "idSpinBox",                                3,  1, 9,          "9",                 "9"                },
+            {2, "baudRateComboBox",                         4,  1, 77,         "-",                 "-"                },
+            {2, "ackResponseTimeSpinBox",                   5,  1, 250,        "500",               "500"              },
+            {2, "operatingModeComboBox",                    6,  1, 2,          "Joint",             "Joint"            },
+            {2, "clockwiseLimitDoubleSpinBox",              7,  2, 0xFC00,     "-1.572",            "-90.04"           },
+            {2, "counterClockwiseLimitDoubleSpinBox",       9,  2, 2047,       "3.142",             "180.00"           },
+            {2, "temperatureLimitDoubleSpinBox",            11, 1, 70,         "70",                "158.0"            },
+            {2, "minVoltageLimitDoubleSpinBox",             12, 1, 95,         "9.5",               "9.5"              },
+            {2, "maxVoltageLimitDoubleSpinBox",             13, 1, 160,        "16.0",              "16.0"             },
+            {2, "quadratureCurrentLimitDoubleSpinBox",      14, 2, 3000,       "3.00",              "30.59"            },
+            {2, "angularVelocityLimitDoubleSpinBox",        16, 2, 2000,       "2.00",              "19.1"             },
+            {2, "accelerationLimitDoubleSpinBox",           18, 2, 24000,      "24.00",             "24.00"            },
+            {2, "hornPositionOffsetDoubleSpinBox",          20, 4, 0xFFFFF800, "-3.142",            "-180.00"          },
+            {2, "movingThresholdDoubleSpinBox",             24, 2, 20,         "0.02",              "0.2"              },
+            {2, "inputModeComboBox",                        26, 1, 0,          "Trajectory",        "Trajectory"       },
+            {2, "defPositionProportionalTermDoubleSpinBox", 27, 2, 200,        "20.0",              "20.0"             },
+            {2, "defVelocityFeedforwardTermDoubleSpinBox",  29, 2, 1234,       "1.234",             "1.234"            },
+            {2, "defCurrentFeedforwardTermDoubleSpinBox",   31, 2, 900,        "0.900",             "0.900"            },
+            {2, "defVelocityIntegralTermDoubleSpinBox",     33, 2, 500,        "0.500",             "0.500"            },
+            {2, "defVelocityProportionalTermDoubleSpinBox", 35, 2, 1250,       "1.250",             "1.250"            },
+            {2, "defAngularVelocityProfileDoubleSpinBox",   37, 2, 1000,       "1.000",             "1.000"            },
+            {2, "defAccelerationProfileDoubleSpinBox",      39, 2, 4000,       "4.000",             "4.000"            },
+            {2, "positionProportionalTermDoubleSpinBox",    54, 2, 2000,       "200.0",             "200.0"            },
+            {2, "velocityFeedforwardTermDoubleSpinBox",     56, 2, 16383,      "16.383",            "16.383"           },
+            {2, "currentFeedforwardTermDoubleSpinBox",      58, 2, 1000,       "1.000",             "1.000"            },
+            {2, "velocityIntegralTermDoubleSpinBox",        60, 2, 4000,       "4.000",             "4.000"            },
+            {2, "velocityProportionalTermDoubleSpinBox",    62, 2, 1,          "0.001",             "0.001"            },
+            {2, "angularVelocityProfileDoubleSpinBox",      68, 2, 2000,       "2.000",             "2.000"            },
+            {2, "accelerationProfileDoubleSpinBox",         70, 2, 48000,      "48.000",            "48.000"           },
+            {2, "targetPositionDoubleSpinBox",              78, 4, 1024,       "1.571",             "90.00"            },
+            {2, "actualPositionLineEdit",                   86, 4, 2048,       "3.142",             "180.00"           },
+            {2, "actualAngularVelocityLineEdit",            90, 2, 1047,       "1.05",              "10.0"             },
+            {2, "actualTorqueLineEdit",                     92, 2, 500,        "0.50",              "5.10"             },
+            {2, "actualVoltageLineEdit",                    94, 1, 119,        "11.9",              "11.9"             },
+            {2, "actualQuadratureCurrentLineEdit",          95, 2, 334,        "0.334",             "334"              },
+            {2, "actualTemperatureLineEdit",                97, 1, 41,         "41",                "105.8"            },
         };
         // clang-format on
-        for (const auto &[name, address, size, mode, raw, inFirstUnit, inSecondUnit] : rows) {
-            const InRow row(name);
+        for (const int mode : {0, 1, 2}) {
+            QByteArray table(ConnectedEditView::TableSize, '\0');
+            table[6] = char(mode);
+            for (const auto &[rowMode, name, address, size, raw, inFirstUnit, inSecondUnit] : rows) {
+                if (rowMode == mode)
+                    ConnectedEditView::put(table, address, size, raw);
+            }
             ConnectedEditView fixture;
-            auto &label = fixture.child<QLabel>("targetPositionLabel");
-            auto &angle = fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox");
-            const QByteArray table = tableWith(address, size, raw, mode);
-            fixture.connectAndFeed(table);
-            fixture.chooseUnits(1);
-            fixture.feed(table);
-            QCOMPARE(shown(fixture.child(name)), QVariant(inFirstUnit));
-            QCOMPARE(label.text(), QString("Target position (radians):"));
-            QCOMPARE(angle.singleStep(), 0.001533980787885254); // one count
-            fixture.groups().linkDown();
-            fixture.connectAndFeed(table);
-            QCOMPARE(shown(fixture.child(name)), QVariant(inSecondUnit));
-            QCOMPARE(label.text(), QString("Target position (degrees):"));
-            QCOMPARE(angle.singleStep(), 0.0);
+            const auto &label = fixture.child<QLabel>("targetPositionLabel");
+            const auto &angle = fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox");
+            for (const bool isFirstUnit : {true, false}) {
+                fixture.connectAndFeed(table);
+                fixture.chooseUnits(1); // for the next connection
+                fixture.feed(table);
+                QCOMPARE(label.text(),
+                         QString(isFirstUnit ? "Target position (radians):" : "Target position (degrees):"));
+                QCOMPARE(angle.singleStep(), isFirstUnit ? 0.001533980787885254 : 0.0); // one count
+                for (const auto &[rowMode, name, address, size, raw, inFirstUnit, inSecondUnit] : rows) {
+                    const InRow row(name);
+                    if (rowMode == mode)
+                        QCOMPARE(shown(fixture.child(name)), QVariant(isFirstUnit ? inFirstUnit : inSecondUnit));
+                }
+                fixture.groups().linkDown();
+            }
+        }
+    }
+
+    // What has no unit has a decimal place for each step of its register, and the form's steps.
+    void everyRawValueWithoutAUnitCanBeTyped()
+    {
+        ConnectedEditView fixture;
+        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        const std::pair<const char *, double> rows[] = {{"defAccelerationProfileDoubleSpinBox", 1.0},
+                                                        {"velocityFeedforwardTermDoubleSpinBox", 0.01},
+                                                        {"defPositionProportionalTermDoubleSpinBox", 1.0},
+                                                        {"velocityIntegralTermDoubleSpinBox", 1.0}};
+        for (const auto &[name, step] : rows) {
+            const InRow row(name);
+            auto &box = fixture.child<ZelvarDoubleSpinBox>(name);
+            QCOMPARE(box.singleStep(), step);
+            const int greatest = DeviceHelper::currentDevice()->limits(name).rawMax;
+            for (int raw = 0; raw <= greatest; ++raw) {
+                static_cast<IUnitDataField &>(box).setValue(raw);
+                box.QDoubleSpinBox::setValue(box.valueFromText(box.text()));
+                QCOMPARE(box.value(), raw);
+            }
+        }
+        QCOMPARE(fixture.child<QSpinBox>("idSpinBox").singleStep(), 1);
+    }
+
+    void aLockedListHidesItsValue()
+    {
+        ConnectedEditView fixture;
+        auto &list = fixture.child("inputModeComboBox");
+        for (const auto &[mode, isShown] : {std::pair(2, true), {1, false}}) {
+            QImage looks[2];
+            for (const int inputMode : {0, 1}) {
+                const QByteArray table = tableWith(26, 1, quint32(inputMode), mode);
+                fixture.connectAndFeed(table);
+                looks[inputMode] = list.grab().toImage();
+            }
+            QCOMPARE(looks[0] != looks[1], isShown);
+        }
+    }
+
+    void statusBoxesFollowTheLink()
+    {
+        ConnectedEditView fixture;
+        auto &box = fixture.child<QCheckBox>("instructionStatusCheckBox");
+        const QString quiet = box.styleSheet();
+        for (const bool isConnected : {true, false}) {
+            isConnected ? fixture.groups().linkUp() : fixture.groups().linkDown();
+            QVERIFY(!box.isChecked() && box.styleSheet() == quiet);
+            ProcessWide<StatusHelper>::instance()->update(2);
+            QVERIFY(box.isChecked());
+            QCOMPARE(box.styleSheet() != quiet, isConnected);
         }
     }
 
@@ -166,11 +270,14 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         {
             ConnectedEditView fixture;
-            fixture.connectAndFeed(tableWith(78, 4, 1000));
+            QByteArray table = tableWith(78, 4, 1000);
+            ConnectedEditView::put(table, 86, 4, 1000000);
+            fixture.connectAndFeed(table);
             auto &target = fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox");
             auto &input = dynamic_cast<IGroupInputComponent &>(target);
             QCOMPARE(target.text(), QString("1,534"));
             QCOMPARE(fixture.child<QLineEdit>("modelNumberLineEdit").text(), QString("0,0"));
+            QCOMPARE(fixture.child<QLineEdit>("actualPositionLineEdit").text(), QString("1.533,981"));
             fixture.editSave("v").setChecked(true);
             enter(target, "2,5");
             QCOMPARE(target.value(), 2.5);

@@ -146,32 +146,46 @@ private Q_SLOTS:
 
     void viewsMayGoInAnyOrder()
     {
-        ConnectedEditView fixture;
-        auto second = std::make_unique<EditView>();
-        auto *secondId = second->findChild<ZelvarSpinBox *>("idSpinBox");
-        secondId->connected();
-        fixture.view.reset();
-        QByteArray table = ConnectedEditView::jointTable();
-        table[3] = 9;
-        fixture.connectAndFeed(table);
-        QCOMPARE(secondId->text(), QString("9"));
-        second.reset();
-        fixture.feed(table);
-        ProcessWide<StatusHelper>::instance()->update(1);
-        fixture.groups().linkDown();
+        for (const bool isFirstGone : {true, false}) {
+            ConnectedEditView fixture;
+            auto second = std::make_unique<EditView>();
+            (isFirstGone ? fixture.view : second).reset();
+            auto *id = (isFirstGone ? second : fixture.view)->findChild<ZelvarSpinBox *>("idSpinBox");
+            id->connected();
+            QByteArray table = ConnectedEditView::jointTable();
+            table[3] = 9;
+            fixture.feed(table); // of a servo that is not known yet
+            QCOMPARE(id->text(), QString());
+            fixture.connectAndFeed(table);
+            QCOMPARE(id->text(), QString("9"));
+            (isFirstGone ? second : fixture.view).reset();
+            fixture.feed(table);
+            ProcessWide<StatusHelper>::instance()->update(1);
+            fixture.groups().linkDown();
+        }
     }
 
-    void tabReachesEveryInput()
+    void tabReachesEveryInputFromTopToBottom()
     {
         ConnectedEditView fixture;
+        fixture.view->grab(); // lays it out
         const QWidget *const first = &fixture.editSave("nv");
         QStringList reached;
         for (const QWidget *next = first->nextInFocusChain(); next != first; next = next->nextInFocusChain()) {
             if (next->focusPolicy() & Qt::TabFocus)
                 reached << next->objectName();
         }
-        for (const EditedField &place : EditedFields)
-            QVERIFY2(reached.contains(QLatin1String(place.control)), place.control);
+        // The form has no place in its order for these; they come where Qt puts them.
+        const QRegularExpression unordered("^(def|inputMode|currentFeedforward)");
+        QMap<int, int> heights[2]; // by place in the order
+        for (const EditedField &field : EditedFields) {
+            const int place = reached.indexOf(QLatin1String(field.control));
+            QVERIFY2(place >= 0, field.control);
+            if (!QString(field.control).contains(unordered))
+                heights[field.isVolatile()].insert(place, fixture.child(field.control).y());
+        }
+        for (const QMap<int, int> &ofGroup : heights)
+            QVERIFY(std::is_sorted(ofGroup.begin(), ofGroup.end()));
     }
 };
 

@@ -113,6 +113,8 @@ private Q_SLOTS:
             fixture.feed(tableWith(Wheel, 0));
             QCOMPARE(fixture.child("targetPositionLabel").isEnabled(), isFirst);
         }
+        fixture.groups().linkDown();
+        QVERIFY(fixture.child("targetPositionLabel").isEnabled());
     }
 };
 

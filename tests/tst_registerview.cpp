@@ -1,5 +1,4 @@
-// The register tables: where a byte goes, how it reads, and that a hidden view costs nothing and loses
-// nothing.
+// The register tables: where a byte goes, how it reads, and that a hidden view costs nothing and loses nothing.
 
 #include "device/devicehelper.h"
 #include "device/idevice.h"

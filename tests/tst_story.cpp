@@ -129,7 +129,7 @@ private Q_SLOTS:
         QTRY_VERIFY(desk.status().contains("address 9 and 115200 baud"));
         for (const char *button : {"nvParamsEditSaveToolButton", "vParamsEditSaveToolButton"})
             QVERIFY(!desk.find<QToolButton>(button)->isEnabled()); // it would go to where the servo is no more
-        QTRY_VERIFY(state() != before); // the servo has it: no more on its way
+        QTRY_VERIFY(state() != before);                            // the servo has it: no more on its way
         desk.window.reset();
         desk.window = std::make_unique<MainWindow>(nullptr); // it is stored, too
         desk.window->show();

@@ -72,6 +72,8 @@ private Q_SLOTS:
             const InRow row(name);
             QCOMPARE(RawScale(limits).toPhysical(raw), physical);
         }
+        QCOMPARE(RawScale::fromZero(Shifted).toPhysical(100), 3.0);
+        QCOMPARE(RawScale::fromZero(Shifted).toRaw(3.0), 100);
     }
 };
 

@@ -20,7 +20,8 @@ constexpr qint32 LastQuantityId = 7;
 constexpr qint32 LastNumberId = 16;
 constexpr qint32 UnusedId = 12;
 constexpr int MaxDecimals = 9;
-// Far below one raw count, far above the rounding of double arithmetic.
+// A fraction of one raw count, or of one unit in a decimal place: far below what counts, far above the rounding of
+// double arithmetic.
 constexpr double Noise = 1e-6;
 
 } // namespace

@@ -39,8 +39,7 @@ public:
 
     void setLocked(bool lock) override;
     qint32 fieldId() const override;
-    /** Shows @p raw while the link is up, unless the device model lacks the field or the user has changed it.
-     */
+    /** Shows @p raw while the link is up, unless the device model lacks the field or the user has changed it. */
     void setValue(int raw) override;
     void applyDependency() override;
 
@@ -55,8 +54,7 @@ protected:
     /** @param widget the whole of which this is a part; its parent decides which group it is edited with. */
     explicit BoundField(QWidget &widget);
 
-    /** Shows @p raw in the widget; limits() and units() are there for the conversion when the model has them.
-     */
+    /** Shows @p raw in the widget; limits() and units() are there for the conversion when the model has them. */
     virtual void showRaw(int raw) = 0;
     /** Takes what the widget shows as the last value from the servo. */
     virtual void storeShown() = 0;

@@ -4,8 +4,7 @@
 
 class QCheckBox;
 
-/** How the check boxes of the edit view look: text at the left edge of the group, indicator at the right one.
- */
+/** How the check boxes of the edit view look: text at the left edge of the group, indicator at the right one. */
 namespace checkboxlook {
 
 /** The style of a box with caption @p text that raises an alarm: red, whether it can be used or not. */

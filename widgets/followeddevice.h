@@ -9,8 +9,7 @@ class UnitsHelper;
  * dialog. */
 std::unique_ptr<const UnitsHelper> currentUnits();
 
-/** Calls the slot on_deviceLoaded() of @p widget each time a device model is loaded, until cutDeviceLoaded().
- */
+/** Calls the slot on_deviceLoaded() of @p widget each time a device model is loaded, until cutDeviceLoaded(). */
 void followDeviceLoaded(QWidget &widget);
 
 /**

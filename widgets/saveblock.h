@@ -12,8 +12,7 @@ class QWidget;
  * The registers of an edit/save group as the one block that a save writes.
  *
  * A block starts from the bytes last read from the servo, and over these go the fields that the user has
- * changed, so that saving changes nothing else: not the registers in between, nor what a field cannot show
- * exactly.
+ * changed, so that saving changes nothing else: not the registers in between, nor what a field cannot show exactly.
  */
 class SaveBlock
 {

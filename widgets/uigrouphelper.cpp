@@ -158,8 +158,7 @@ void UiGroupHelper::cancelEditing(ZelvarParametersGroupBox &group)
     ZelvarGroupToolButton *editSave = buttonOf(group, ZelvarGroupToolButton::EditSave);
     if (!editSave)
         return;
-    // Checked first, so that the toggle to unchecked takes place, and puts the group back, whatever was
-    // before.
+    // Checked first, so that the toggle to unchecked takes place, and puts the group back, whatever was before.
     editSave->setChecked(true);
     forEachInput(group, [](QObject *, IGroupInputComponent &input) { input.restoreValue(); });
     editSave->setChecked(false);

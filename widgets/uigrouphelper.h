@@ -12,8 +12,7 @@ class ZelvarGroupToolButton;
 class ZelvarParametersGroupBox;
 
 /**
- * Wires the groups of an edit view: the link to their fields, their buttons to editing, applying and
- * cancelling.
+ * Wires the groups of an edit view: the link to their fields, their buttons to editing, applying and cancelling.
  *
  * It may outlive the view and then does nothing. GUI thread only.
  */

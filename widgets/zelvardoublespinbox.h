@@ -12,8 +12,7 @@ class ZelvarDoubleSpinBox : public BoundSpinBox<QDoubleSpinBox, double>
 public:
     explicit ZelvarDoubleSpinBox(QWidget *parent = nullptr);
 
-    /** Held inside the raw range: the shown range ends at the first decimal that reaches the field's limits.
-     */
+    /** Held inside the raw range: the shown range ends at the first decimal that reaches the field's limits. */
     int value() const override;
 
 Q_SIGNALS:

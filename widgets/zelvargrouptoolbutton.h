@@ -25,8 +25,7 @@ public:
 
     /** Takes the button out of use, whatever else happens to it, until called with false. */
     void setInhibited(bool inhibited);
-    /** Enables the button as far as device, inhibition and, while editing, the count of edited fields allow.
-     */
+    /** Enables the button as far as device, inhibition and, while editing, the count of edited fields allow. */
     void refreshEnabled();
 
 public Q_SLOTS:

@@ -33,7 +33,7 @@ private:
     RegisterValues m_values; ///< guarded by m_mutex, as is m_table
     QByteArray m_table;
     PtyPeer m_peer; // after what its thread uses
-    BusPublication m_publication;
+    simulator::BusPublication m_publication;
 };
 
 /** Stores what a program that starts needs to know to poll @p servo every @p pollingInterval milliseconds. */

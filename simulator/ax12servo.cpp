@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace simulator {
+
 namespace {
 
 enum Register : quint8 {
@@ -364,3 +366,5 @@ void Ax12Servo::shutDownOnAlarm()
     m_registers.setValue(TorqueEnable, 0);
     m_drive.switchOff();
 }
+
+} // namespace simulator

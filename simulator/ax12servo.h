@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace simulator {
+
 /** An AX-12: 50 registers, 1.0 framing, a joint of 300° or, with both angle limits 0, a wheel. */
 class Ax12Servo : public ISimulatedServo
 {
@@ -51,3 +53,5 @@ private:
     std::optional<SimulationTime> m_stalledSince;
     bool m_isOverloaded = false; ///< until it is told again what to do
 };
+
+} // namespace simulator

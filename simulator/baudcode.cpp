@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace baudcode {
+namespace simulator::baudcode {
 
 namespace {
 
@@ -33,4 +33,4 @@ bool understands(quint8 code, int rate)
     return std::abs(rate - nominal) <= Tolerance * nominal;
 }
 
-} // namespace baudcode
+} // namespace simulator::baudcode

@@ -5,7 +5,7 @@
 #include <optional>
 
 /** The baud-rate register of the servos: 2000000 / (code + 1) bits per second. */
-namespace baudcode {
+namespace simulator::baudcode {
 
 constexpr quint8 MaximumCode = 254;
 constexpr quint8 DefaultCode = 1; ///< 1000000 bits per second
@@ -20,4 +20,4 @@ std::optional<quint8> nearestCode(int rate);
 /** Whether a servo set to @p code understands a line at @p rate bits per second. */
 bool understands(quint8 code, int rate);
 
-} // namespace baudcode
+} // namespace simulator::baudcode

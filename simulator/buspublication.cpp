@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace simulator {
+
 namespace {
 
 constexpr int MostNumberedNames = 99;
@@ -131,3 +133,5 @@ QString BusPublication::publishAt(const QString &path, const QString &device)
     m_extraLink = QFileInfo(path).absoluteFilePath();
     return link(m_extraLink, device);
 }
+
+} // namespace simulator

@@ -6,6 +6,8 @@
 
 class QLockFile;
 
+namespace simulator {
+
 /**
  * The links under which a bus is found: one in the folder of simulated buses, held by a lock for as long as
  * this object lives, and another one wherever the user wants it. Both go with this object.
@@ -43,3 +45,5 @@ private:
     QString m_extraLink;
     std::unique_ptr<QLockFile> m_lock;
 };
+
+} // namespace simulator

@@ -8,6 +8,8 @@
 #    include <unistd.h>
 #endif
 
+namespace simulator {
+
 ClientWatch::ClientWatch(QObject *parent) : QObject(parent) {}
 
 #ifdef Q_OS_LINUX
@@ -60,3 +62,5 @@ void ClientWatch::watch(const QString &) {}
 void ClientWatch::catchUp() {}
 
 #endif
+
+} // namespace simulator

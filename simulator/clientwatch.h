@@ -4,6 +4,8 @@
 
 class QSocketNotifier;
 
+namespace simulator {
+
 /**
  * Notices that a client opens or closes the serial device file. Where the system does not tell, nothing is
  * ever noticed.
@@ -31,3 +33,5 @@ private:
     int m_descriptor = -1;
     QSocketNotifier *m_notifier = nullptr;
 };
+
+} // namespace simulator

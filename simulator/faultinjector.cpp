@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace simulator {
+
 namespace {
 
 constexpr int MostStrayBytes = 4;
@@ -82,3 +84,5 @@ std::vector<FaultInjector::Piece> FaultInjector::chunks(const QByteArray &reply)
     }
     return pieces;
 }
+
+} // namespace simulator

@@ -7,6 +7,8 @@
 #include <random>
 #include <vector>
 
+namespace simulator {
+
 /** What goes wrong on the bus; by default nothing. Probabilities are per reply, 0 to 1. */
 struct FaultSettings
 {
@@ -53,3 +55,5 @@ private:
     int m_replies = 0; ///< that were let through, whole or not
     bool m_hasVanished = false;
 };
+
+} // namespace simulator

@@ -7,6 +7,8 @@
 #include <chrono>
 #include <map>
 
+namespace simulator {
+
 /** Time of the simulation, counted from the start of the bus. Never goes back. */
 using SimulationTime = std::chrono::microseconds;
 
@@ -47,3 +49,5 @@ public:
     /** Takes @p values over and restarts; values that a register cannot hold are passed over. */
     virtual void restoreNonVolatileRegisters(const RegisterValues &values) = 0;
 };
+
+} // namespace simulator

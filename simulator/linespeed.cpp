@@ -11,6 +11,8 @@
 #    include <termios.h>
 #endif
 
+namespace simulator {
+
 #ifdef Q_OS_LINUX
 
 int lineSpeed(int masterDescriptor)
@@ -34,3 +36,5 @@ int lineSpeed(int masterDescriptor)
 }
 
 #endif
+
+} // namespace simulator

@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+using namespace simulator;
+
 namespace {
 
 constexpr int UsageError = 2;

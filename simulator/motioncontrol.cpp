@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace simulator {
+
 namespace {
 
 /** A per rad/s with which torque mode gives way at the velocity limit. */
@@ -112,3 +114,5 @@ double MotionControl::velocityLoop(const MotionSettings &settings, const MotorMo
     const double current = settings.velocityGain * error + m_integral + plannedCurrent(settings, motor.constants());
     return std::clamp(current, -limit, limit);
 }
+
+} // namespace simulator

@@ -5,6 +5,8 @@
 
 #include <QtGlobal>
 
+namespace simulator {
+
 /** Operating modes, numbered as in the servo's register. */
 enum class OperatingMode : quint8 {
     Torque,
@@ -64,3 +66,5 @@ private:
     double m_heldPosition = 0;
     double m_integral = 0; ///< A
 };
+
+} // namespace simulator

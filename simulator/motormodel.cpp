@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace simulator {
+
 MotorModel::MotorModel(const MotorConstants &constants) : m_constants(constants), m_temperature(constants.ambient) {}
 
 double MotorModel::phaseCurrent() const
@@ -59,3 +61,5 @@ void MotorModel::warm(double seconds)
     const double final = m_constants.ambient + power * m_constants.thermalResistance;
     m_temperature = final + (m_temperature - final) * std::exp(-seconds / m_constants.thermalTime);
 }
+
+} // namespace simulator

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace simulator {
+
 /** What kind of motor, gear and load a servo has; seen from the output shaft. */
 struct MotorConstants
 {
@@ -56,3 +58,5 @@ private:
     double m_holdingCurrent = 0;
     double m_temperature;
 };
+
+} // namespace simulator

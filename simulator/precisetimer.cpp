@@ -10,6 +10,8 @@
 #    include <QTimer>
 #endif
 
+namespace simulator {
+
 #ifdef Q_OS_LINUX
 
 PreciseTimer::PreciseTimer(QObject *parent)
@@ -75,3 +77,5 @@ void PreciseTimer::stop()
 }
 
 #endif
+
+} // namespace simulator

@@ -7,6 +7,8 @@
 class QSocketNotifier;
 class QTimer;
 
+namespace simulator {
+
 /** A single-shot timer to the microsecond where the system has one; a byte at 1 Mbit/s takes ten of them. */
 class PreciseTimer : public QObject
 {
@@ -35,3 +37,5 @@ private:
     QTimer *m_timer = nullptr;
 #endif
 };
+
+} // namespace simulator

@@ -13,6 +13,8 @@
 #include <termios.h>
 #include <unistd.h>
 
+namespace simulator {
+
 namespace {
 
 QString systemError(const char *what)
@@ -125,3 +127,5 @@ void PtyPort::onClosed()
 #endif
     Q_EMIT clientChanged();
 }
+
+} // namespace simulator

@@ -8,6 +8,8 @@
 
 class QSocketNotifier;
 
+namespace simulator {
+
 /**
  * The simulated adapter: a pseudo terminal whose device file a client opens like a serial port.
  *
@@ -51,3 +53,5 @@ private:
     ClientWatch m_watch;
     QSocketNotifier *m_notifier = nullptr;
 };
+
+} // namespace simulator

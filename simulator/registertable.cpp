@@ -1,5 +1,7 @@
 #include "simulator/registertable.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr quint32 DirectionBit = 0x8000;
@@ -121,3 +123,5 @@ void RegisterTable::restoreNonVolatileValues(const RegisterValues &values)
             putValue(m_bytes, *row, value);
     }
 }
+
+} // namespace simulator

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace simulator {
+
 /** How a register may be written and whether it survives without power. */
 enum class RegisterAccess : quint8 {
     ReadOnly,
@@ -90,3 +92,5 @@ private:
     QByteArray m_bytes;
     std::vector<const RegisterRow *> m_rowByAddress; ///< null where no register begins
 };
+
+} // namespace simulator

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace simulator {
+
 ReplyQueue::ReplyQueue(Clock clock, QObject *parent) : QObject(parent), m_clock(std::move(clock))
 {
     connect(&m_timer, &PreciseTimer::timeout, this, &ReplyQueue::sendDue);
@@ -37,3 +39,5 @@ void ReplyQueue::sendDue()
         Q_EMIT send(bytes);
     }
 }
+
+} // namespace simulator

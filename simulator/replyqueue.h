@@ -8,6 +8,8 @@
 #include <deque>
 #include <functional>
 
+namespace simulator {
+
 /** Holds bytes back until they are due; what was queued first goes out first. */
 class ReplyQueue : public QObject
 {
@@ -40,3 +42,5 @@ private:
     PreciseTimer m_timer;
     std::deque<Entry> m_entries;
 };
+
+} // namespace simulator

@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+namespace simulator {
+
 namespace {
 
 struct ModelName
@@ -88,3 +90,5 @@ std::unique_ptr<ISimulatedServo> ServoChoice::makeServo() const
     }
     return nullptr;
 }
+
+} // namespace simulator

@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+namespace simulator {
+
 /** What a user asks for with one --servo option. */
 struct ServoChoice
 {
@@ -25,3 +27,5 @@ struct ServoChoice
     QString label() const;
     std::unique_ptr<ISimulatedServo> makeServo() const;
 };
+
+} // namespace simulator

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace simulator {
+
 namespace {
 
 constexpr SimulationTime Step = std::chrono::milliseconds(1);
@@ -109,3 +111,5 @@ void ServoDrive::watchTemperature()
     if (!isTooHot)
         m_control.engage(m_motor);
 }
+
+} // namespace simulator

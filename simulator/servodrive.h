@@ -4,6 +4,8 @@
 #include "simulator/motioncontrol.h"
 #include "simulator/motormodel.h"
 
+namespace simulator {
+
 /**
  * A motor under its control loops, in time. Works in fixed steps while the shaft or the currents change and
  * takes long strides while they do not, so that a servo nobody asks costs nothing and the same requests at
@@ -50,3 +52,5 @@ private:
     bool m_isResting = true;
     SimulationTime m_time{0};
 };
+
+} // namespace simulator

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace simulator {
+
 namespace {
 
 /**
@@ -107,3 +109,5 @@ bool SimulatedBus::isActive() const
 {
     return std::any_of(m_servos.begin(), m_servos.end(), [](const auto &servo) { return servo->isActive(); });
 }
+
+} // namespace simulator

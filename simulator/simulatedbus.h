@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+namespace simulator {
+
 /** What the bus answers to one request. */
 struct BusReply
 {
@@ -53,3 +55,5 @@ private:
     SimulationTime m_lastReception{0};
     int m_lastBaudRate = 0;
 };
+
+} // namespace simulator

@@ -1,5 +1,7 @@
 #include "simulator/simulator.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr int BitsPerByte = 1 + 8 + 1; ///< on the wire: start bit, data, stop bit
@@ -112,3 +114,5 @@ void Simulator::keepMoving()
     if (!m_bus.isActive())
         m_motionTimer.stop();
 }
+
+} // namespace simulator

@@ -13,6 +13,8 @@
 
 #include <optional>
 
+namespace simulator {
+
 /** A simulated bus at work: behind its pseudo terminal, published, in real time, with the faults asked for. */
 class Simulator : public QObject
 {
@@ -51,3 +53,5 @@ private:
     ReplyQueue m_replies;
     QTimer m_motionTimer;
 };
+
+} // namespace simulator

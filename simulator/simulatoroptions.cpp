@@ -3,6 +3,8 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+namespace simulator {
+
 namespace {
 
 const QString DefaultName = QStringLiteral("zelvar-sim");
@@ -247,3 +249,5 @@ SimulatorCommandLine SimulatorCommandLine::parse(const QStringList &arguments)
     }
     return result;
 }
+
+} // namespace simulator

@@ -9,6 +9,8 @@
 #include <optional>
 #include <vector>
 
+namespace simulator {
+
 /** What the command line asks of the simulator. */
 struct SimulatorOptions
 {
@@ -38,3 +40,5 @@ struct SimulatorCommandLine
     /** Reads @p arguments, the program's name first. */
     static SimulatorCommandLine parse(const QStringList &arguments);
 };
+
+} // namespace simulator

@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <QSaveFile>
 
+namespace simulator {
+
 namespace {
 
 RegisterValues valuesFrom(const QJsonObject &object)
@@ -86,3 +88,5 @@ QString StateFile::save()
     m_saved = bytes;
     return {};
 }
+
+} // namespace simulator

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace simulator {
+
 /** The non-volatile registers of the servos of a bus in a file: JSON, by servo and address. */
 class StateFile
 {
@@ -37,3 +39,5 @@ private:
     std::vector<Entry> m_entries;
     QByteArray m_saved;
 };
+
+} // namespace simulator

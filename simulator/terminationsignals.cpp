@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace simulator {
+
 namespace {
 
 constexpr int Handled[] = {SIGINT, SIGTERM, SIGHUP};
@@ -58,3 +60,5 @@ TerminationSignals::~TerminationSignals()
         end = -1;
     }
 }
+
+} // namespace simulator

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+namespace simulator {
+
 /** Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that the process can tidy up. One per
  * process. */
 class TerminationSignals : public QObject
@@ -16,3 +18,5 @@ public:
 Q_SIGNALS:
     void requested();
 };
+
+} // namespace simulator

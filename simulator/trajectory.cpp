@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace simulator {
+
 void Trajectory::begin(double position, double velocity)
 {
     m_position = position;
@@ -42,3 +44,5 @@ void Trajectory::accelerate(double target, double acceleration, double seconds)
     slew(target, acceleration, seconds);
     m_position += m_velocity * seconds;
 }
+
+} // namespace simulator

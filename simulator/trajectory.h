@@ -1,5 +1,7 @@
 #pragma once
 
+namespace simulator {
+
 /** A way to a target with a limited velocity and acceleration; the target may change at any time. */
 class Trajectory
 {
@@ -30,3 +32,5 @@ private:
     double m_velocity = 0;
     double m_acceleration = 0;
 };
+
+} // namespace simulator

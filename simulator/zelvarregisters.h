@@ -3,7 +3,7 @@
 #include "simulator/registertable.h"
 
 /** The registers of the own family by the address of their first byte. */
-namespace zelvar {
+namespace simulator::zelvar {
 
 enum Register : quint8 {
     ModelNumber = 0,
@@ -73,4 +73,4 @@ constexpr qint32 MaximumPosition = 1044479; ///< counts either way
 constexpr qint32 MaximumAngleLimit = 2047;  ///< half a turn
 constexpr qint32 FactoryId = 1;
 
-} // namespace zelvar
+} // namespace simulator::zelvar

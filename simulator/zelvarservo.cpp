@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace simulator {
+
 using namespace zelvar;
 
 namespace {
@@ -371,3 +373,5 @@ quint8 ZelvarServo::hardwareErrors() const
         errors |= AngleLimitError;
     return errors;
 }
+
+} // namespace simulator

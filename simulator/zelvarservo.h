@@ -4,6 +4,8 @@
 #include "simulator/registertable.h"
 #include "simulator/servodrive.h"
 
+namespace simulator {
+
 /** A servo of the own family: 118 registers, 2.0 framing, five operating modes. */
 class ZelvarServo : public ISimulatedServo
 {
@@ -51,3 +53,5 @@ private:
     RegisterTable m_registers;
     ServoDrive m_drive;
 };
+
+} // namespace simulator

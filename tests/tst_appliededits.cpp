@@ -10,6 +10,8 @@
 #include "tests/support/desk.h"
 #include "tests/support/editedfield.h"
 
+using namespace simulator;
+
 namespace {
 
 constexpr int ServoId = 3;

@@ -9,6 +9,7 @@
 #include "tests/support/testenvironment.h"
 
 using namespace std::chrono_literals;
+using namespace simulator;
 using zelvar::Register;
 
 namespace {

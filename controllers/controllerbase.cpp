@@ -16,12 +16,12 @@ IZelvarField *fieldNamed(const QString &name)
     return fields ? fields->field(name) : nullptr;
 }
 
-/** The names of ModeLocks as they are looked up, which happens with each poll. */
-const std::array<QString, ModeLocks.size()> &lockedNames()
+/** The controls of modelocks::Rows as they are looked up, which happens with each poll. */
+const std::array<QString, modelocks::Count> &lockedNames()
 {
     static const auto names = [] {
-        std::array<QString, ModeLocks.size()> converted;
-        std::transform(ModeLocks.begin(), ModeLocks.end(), converted.begin(),
+        std::array<QString, modelocks::Count> converted;
+        std::transform(std::begin(modelocks::Rows), std::end(modelocks::Rows), converted.begin(),
                        [](const ModeLockRow &row) { return QString::fromLatin1(row.control); });
         return converted;
     }();
@@ -46,8 +46,8 @@ ControllerBase::ControllerBase()
 void ControllerBase::applyLocks(OperatingMode mode) const
 {
     const bool active = isActive(mode);
-    for (std::size_t i = 0; i < ModeLocks.size(); ++i) {
-        const ModeLock lock = ModeLocks[i].byMode[static_cast<std::size_t>(mode)];
+    for (std::size_t i = 0; i < modelocks::Count; ++i) {
+        const ModeLock lock = modelocks::Rows[i].byMode[static_cast<std::size_t>(mode)];
         if (m_controls[i] && lock != ModeLock::Untouched)
             m_controls[i]->setLocked(isUsed(lock) != active);
     }

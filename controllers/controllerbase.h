@@ -39,5 +39,5 @@ private:
 
     const IUnitDataField *m_operatingMode = nullptr;
     const IUnitDataField *m_inputMode = nullptr;
-    std::array<IZelvarField *, ModeLocks.size()> m_controls{};
+    std::array<IZelvarField *, modelocks::Count> m_controls{};
 };

@@ -8,7 +8,8 @@
 
 #include <utility>
 
-PollTarget::PollTarget(std::shared_ptr<UiRegisterHelper> registerHelper) : m_registerHelper(std::move(registerHelper))
+PollTarget::PollTarget(std::shared_ptr<UiRegisterHelper> registerHelper, const Clock &clock)
+    : m_registerHelper(std::move(registerHelper)), m_clock(clock)
 {
 }
 
@@ -23,6 +24,11 @@ quint8 PollTarget::readLength() const
 {
     const auto device = DeviceHelper::currentDevice();
     return device ? static_cast<quint8>(device->controlTableSize()) : quint8(0);
+}
+
+void PollTarget::take(const QByteArray &registers)
+{
+    m_registerHelper->take(registers, m_clock.now());
 }
 
 void PollTarget::updateRegister(quint16 address, quint8 size, quint32 value)

@@ -1,48 +1,35 @@
 #include "bench/registervalues.h"
 
-#include "device/pollmap.h"
 #include "device/zelvarv1.h"
-#include "link/serialhelper.h"
+#include "model/baudrates.h"
+#include "model/families.h"
+#include "model/littleendian.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace {
 
-constexpr int FirstRealtimeAddress = 86;
-constexpr int LastRealtimeAddress = 97;
-constexpr unsigned DirectionBit = 0x8000;
-constexpr int BaudRateRegister = 4;
-constexpr int BaudRateCount = 11;
-
-struct ChoiceRow
+bool isRealtime(const model::Field &field)
 {
-    int address;
-    int greatest; ///< the values go from 0 to this
-};
-
-// What shows no quantity: the entries of the lists, and the boxes of the hardware error.
-// clang-format off
-constexpr ChoiceRow Choices[] = {
-    {6,   4 }, // operating mode
-    {26,  1 }, // input mode
-    {48,  1 }, // motor
-    {49,  1 }, // pending shadow instruction
-    {99,  1 }, // moving
-    {107, 31}, // hardware error
-};
-// clang-format on
-
-const ChoiceRow *choiceOf(int address)
-{
-    const auto found = std::find_if(std::begin(Choices), std::end(Choices),
-                                    [address](const ChoiceRow &row) { return row.address == address; });
-    return found == std::end(Choices) ? nullptr : found;
+    return field.shown.control && QLatin1String(field.key).startsWith(QLatin1String("actual_"));
 }
 
-bool isRealtime(int address)
+/** What the control of @p field shows of its registers' values. */
+model::Range shownRange(const model::Field &field)
 {
-    return address >= FirstRealtimeAddress && address <= LastRealtimeAddress;
+    static const ZelvarV1 device;
+    const QString control = QLatin1String(field.shown.control);
+    const bool isLimited = device.definesField(control) && !model::isChoice(field.kind);
+    return isLimited ? device.limits(control) : field.range;
+}
+
+quint32 flagsOf(const model::Field &field)
+{
+    quint32 all = 0;
+    for (const model::Flag &flag : field.flags)
+        all |= 1U << flag.bit;
+    return all;
 }
 
 } // namespace
@@ -60,62 +47,56 @@ void RegisterValues::change(Changing changing)
     changeAll();
     if (changing == Changing::Everything)
         return;
-    for (int address = 0; address < TableSize; ++address) {
-        if (!isRealtime(address))
-            m_table[address] = before[address];
+    for (const model::Field &field : model::ZelvarV1Family.fields) {
+        if (!isRealtime(field))
+            m_table.replace(field.address, field.size, before.mid(field.address, field.size));
     }
 }
 
 void RegisterValues::changeAll()
 {
-    const ZelvarV1 device;
-    for (const pollmap::Item &item : pollmap::Items) {
-        if (item.address + item.size > TableSize)
-            continue;
-        const QString field = QLatin1String(item.field ? item.field : "");
-        if (const ChoiceRow *choice = choiceOf(item.address)) {
-            changeOne(item.address, item.size, 0, choice->greatest);
-        } else if (item.address == BaudRateRegister) {
-            int index = 0;
-            const auto code = [&index] { return unsigned(SerialHelper::baudRateRegisterValue(index)); };
-            do {
-                index = int(m_random() % BaudRateCount);
-            } while (code() == number(item.address, item.size));
-            put(item.address, item.size, code());
-        } else if (device.definesField(field)) {
-            const FieldLimits limits = device.limits(field);
-            changeOne(item.address, item.size, limits.rawMin, limits.rawMax, item.directionField ? DirectionBit : 0);
+    for (const model::Field &field : model::ZelvarV1Family.fields) {
+        if (field.kind == model::FieldKind::BaudRate) {
+            changeBaudRate(field);
+        } else if (!field.flags.isEmpty()) {
+            changeOne(field, 0, int(flagsOf(field)));
         } else {
-            for (int offset = 0; offset < item.size; ++offset)
-                changeOne(item.address + offset, 1, 0, 255);
+            const model::Range range = shownRange(field);
+            changeOne(field, range.rawMin, range.rawMax);
         }
     }
 }
 
-/** Any number of the range but the one that is there; @p flag changes each time. */
-void RegisterValues::changeOne(int address, int size, int least, int greatest, unsigned flag)
+void RegisterValues::changeBaudRate(const model::Field &field)
 {
-    const unsigned mask = size == 4 ? ~0U : (1U << (8 * size)) - 1;
-    // More than a field of its width can hold is never read.
-    const int highest = size == 4 ? greatest : std::min(greatest, int(mask));
-    std::uniform_int_distribution<int> numbers(least, highest);
-    const unsigned before = number(address, size) & ~flag;
-    unsigned next = before;
+    const quint32 before = number(field);
+    quint32 next = before;
     while (next == before)
-        next = unsigned(numbers(m_random)) & mask;
-    put(address, size, next | (~number(address, size) & flag));
+        next = model::BaudRates[m_random() % std::size(model::BaudRates)].code;
+    put(field, next);
 }
 
-unsigned RegisterValues::number(int address, int size) const
+/** Any number of the range but the one that is there; the direction changes each time. */
+void RegisterValues::changeOne(const model::Field &field, int least, int greatest)
 {
-    unsigned value = 0;
-    for (int i = 0; i < size; ++i)
-        value |= unsigned(quint8(m_table[address + i])) << (8 * i);
-    return value;
+    const quint32 mask = field.size == 4 ? ~0U : (1U << (8 * field.size)) - 1;
+    // More than a field of its width can hold is never read.
+    const int highest = field.size == 4 ? greatest : std::min(greatest, int(mask));
+    std::uniform_int_distribution<int> numbers(least, highest);
+    const quint32 direction = field.directionMask();
+    const quint32 before = number(field) & ~direction;
+    quint32 next = before;
+    while (next == before)
+        next = quint32(numbers(m_random)) & mask;
+    put(field, next | (~number(field) & direction));
 }
 
-void RegisterValues::put(int address, int size, unsigned number)
+quint32 RegisterValues::number(const model::Field &field) const
 {
-    for (int i = 0; i < size; ++i)
-        m_table[address + i] = char(number >> (8 * i));
+    return model::littleEndian(reinterpret_cast<const quint8 *>(m_table.constData()) + field.address, field.size);
+}
+
+void RegisterValues::put(const model::Field &field, quint32 number)
+{
+    model::putLittleEndian(number, field.size, reinterpret_cast<quint8 *>(m_table.data()) + field.address);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/field.h"
+
 #include <QByteArray>
 
 #include <random>
@@ -26,9 +28,10 @@ public:
 
 private:
     void changeAll();
-    void changeOne(int address, int size, int least, int greatest, unsigned flag = 0);
-    unsigned number(int address, int size) const;
-    void put(int address, int size, unsigned number);
+    void changeBaudRate(const model::Field &field);
+    void changeOne(const model::Field &field, int least, int greatest);
+    quint32 number(const model::Field &field) const;
+    void put(const model::Field &field, quint32 number);
 
     QByteArray m_table;
     std::mt19937 m_random; ///< seeded alike each time: every run shows the same values

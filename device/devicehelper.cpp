@@ -4,15 +4,13 @@
 #include "device/zelvarv1.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
+#include "model/families.h"
 
 #include <QPointer>
 
 #include <utility>
 
 namespace {
-
-constexpr uint8_t ModelNumberAddress = 0;
-constexpr uint8_t ModelNumberSize = 2;
 
 // Where a 1.0 status packet has its first parameters. In a 2.0 reply these are the two bytes of the
 // packet's length, which is never 12 for a read of two bytes.
@@ -40,7 +38,8 @@ void DeviceHelper::identify(uint8_t servoId)
 {
     // The serial helper keeps the callback longer than this object may live.
     const QPointer<DeviceHelper> self(this);
-    m_serialHelper->readData(servoId, ModelNumberAddress, ModelNumberSize, [self](const QByteArray &reply) {
+    const model::Field &modelNumber = model::ZelvarV1Family["model_number"]; // where all families have it
+    m_serialHelper->readData(servoId, modelNumber.address, modelNumber.size, [self](const QByteArray &reply) {
         if (self)
             self->onModelNumberRead(reply);
     });

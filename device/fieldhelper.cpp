@@ -1,106 +1,51 @@
 #include "device/fieldhelper.h"
 
+#include "device/fieldbinding.h"
 #include "link/lookup.h"
+#include "model/families.h"
+
+using model::FieldKind;
 
 namespace {
 
-struct FieldIdRow
+struct KindRow
 {
     const char *objectName;
-    qint32 id;
+    FieldKind kind;
 };
 
-// The phase current limit is a torque (3) while its captions are currents (5); the profiles (15, 16) are
-// shown without conversion under captions that carry a unit (0, 2). Both are meant so.
+/** Names whose kind is not that of a field which they show or caption. */
 // clang-format off
-constexpr FieldIdRow FieldIds[] = {
-    {"angularVelocityLabel",                     0},
-    {"angularVelocityLimitLabel",                0},
-    {"movingThresholdLabel",                     0},
-    {"defAngularVelocityProfileLabel",           0},
-    {"actualAngularVelocityLineEdit",            0},
-    {"targetAngularVelocityLabel",               0},
-    {"angularVelocityProfileLabel",              0},
-    {"targetAngularVelocityDoubleSpinBox",       0},
-    {"angularVelocityLimitDoubleSpinBox",        0},
-    {"movingThresholdDoubleSpinBox",             0},
-    {"positionLabel",                            1},
-    {"clockwiseAngleLimitLabel",                 1},
-    {"counterClockwiseAngleLimitLabel",          1},
-    {"goalPositionLabel",                        1},
-    {"hornPositionOffsetLabel",                  1},
-    {"actualPositionLineEdit",                   1},
-    {"clockwiseLimitDoubleSpinBox",              1},
-    {"counterClockwiseLimitDoubleSpinBox",       1},
-    {"deadZoneDoubleSpinBox",                    1},
-    {"targetPositionLabel",                      1},
-    {"targetPositionDoubleSpinBox",              1},
-    {"hornPositionOffsetDoubleSpinBox",          1},
-    {"accelerationLimitLabel",                   2},
-    {"defAccelerationProfileLabel",              2},
-    {"accelerationProfileLabel",                 2},
-    {"accelerationLimitDoubleSpinBox",           2},
-    {"torqueLabel",                              3},
-    {"actualTorqueLineEdit",                     3},
-    {"targetTorqueLabel",                        3},
-    {"targetTorqueDoubleSpinBox",                3},
-    {"quadratureCurrentLimitDoubleSpinBox",      3},
-    {"voltageLabel",                             4},
-    {"minVoltageLimitLabel",                     4},
-    {"maxVoltageLimitLabel",                     4},
-    {"actualVoltageLineEdit",                    4},
-    {"minVoltageLimitDoubleSpinBox",             4},
-    {"maxVoltageLimitDoubleSpinBox",             4},
-    {"quadratureCurrentLabel",                   5},
-    {"maxquadratureCurrentLimitLabel",           5},
-    {"quadratureCurrentLimitLabel",              5},
-    {"actualQuadratureCurrentLineEdit",          5},
-    {"temperatureLabel",                         6},
-    {"upperTemperatureLimitLabel",               6},
-    {"actualTemperatureLineEdit",                6},
-    {"temperatureLimitDoubleSpinBox",            6},
-    {"ackResponseTimeLabel",                     7},
-    {"ackResponseTimeSpinBox",                   7},
-    {"idSpinBox",                                8},
-    {"positionProportionalTermDoubleSpinBox",    9},
-    {"defPositionProportionalTermDoubleSpinBox", 9},
-    {"velocityFeedforwardTermDoubleSpinBox",     10},
-    {"defVelocityFeedforwardTermDoubleSpinBox",  10},
-    {"currentFeedforwardTermDoubleSpinBox",      11},
-    {"defCurrentFeedforwardTermDoubleSpinBox",   11},
-    {"velocityProportionalTermDoubleSpinBox",    13},
-    {"defVelocityProportionalTermDoubleSpinBox", 13},
-    {"velocityIntegralTermDoubleSpinBox",        14},
-    {"defVelocityIntegralTermDoubleSpinBox",     14},
-    {"angularVelocityProfileDoubleSpinBox",      15},
-    {"defAngularVelocityProfileDoubleSpinBox",   15},
-    {"accelerationProfileDoubleSpinBox",         16},
-    {"defAccelerationProfileDoubleSpinBox",      16},
-    {"modelNumberLineEdit",                      17},
-    {"baudRateComboBox",                         18},
-    {"operatingModeComboBox",                    19},
-    {"inputModeLabel",                           20},
-    {"inputModeComboBox",                        20},
-    {"targetAngularVelocityDirectionComboBox",   21},
-    {"targetTorqueDirectionComboBox",            21},
-    {"firmwareVersionLineEdit",                  22},
-    {"pendingShadowInstructionCheckBox",         22},
-    {"enableMotorCheckBox",                      22},
-    {"isMovingCheckBox",                         22},
-    {"inputVoltageStatusCheckBox",               22},
-    {"overheatingStatusCheckBox",                22},
-    {"encoderStatusCheckBox",                    22},
-    {"hallStatusCheckBox",                       22},
-    {"angleLimitStatusCheckBox",                 22},
-    {"idLabel",                                  23},
+constexpr KindRow OddKinds[] = {
+    // The captions of fields that are shown without conversion carry a unit all the same.
+    {"angularVelocityProfileLabel",    FieldKind::AngularVelocity    },
+    {"defAngularVelocityProfileLabel", FieldKind::AngularVelocity    },
+    {"accelerationProfileLabel",       FieldKind::AngularAcceleration},
+    {"defAccelerationProfileLabel",    FieldKind::AngularAcceleration},
+    // The torque limit is captioned as the phase current that makes the torque.
+    {"quadratureCurrentLimitLabel",    FieldKind::Current            },
+    {"maxquadratureCurrentLimitLabel", FieldKind::Current            },
+    {"idLabel",                        FieldKind::IdCaption          },
+    // Names of earlier forms, whose field has another caption or no register today.
+    {"goalPositionLabel",              FieldKind::Angle              },
+    {"deadZoneDoubleSpinBox",          FieldKind::Angle              },
 };
 // clang-format on
 
 std::map<QString, qint32> fieldIdsByName()
 {
     std::map<QString, qint32> ids;
-    for (const FieldIdRow &row : FieldIds)
-        ids.emplace(QLatin1String(row.objectName), row.id);
+    const auto add = [&ids](const char *objectName, FieldKind kind) {
+        ids.emplace(QLatin1String(objectName), static_cast<qint32>(kind));
+    };
+    for (const FieldBinding &binding : fieldBindings())
+        add(binding.control, binding.kind());
+    for (const model::Field &field : model::ZelvarV1Family.fields) {
+        if (field.shown.caption)
+            add(field.shown.caption, field.kind);
+    }
+    for (const KindRow &row : OddKinds)
+        add(row.objectName, row.kind);
     return ids;
 }
 

@@ -2,6 +2,7 @@
 
 #include "device/fieldlimits.h"
 #include "device/registerdescription.h"
+#include "model/family.h"
 
 #include <QString>
 
@@ -25,6 +26,8 @@ public:
     virtual bool hasRegisterMap() const = 0;
     /** Whether limits() knows @p objectName. */
     virtual bool definesField(const QString &objectName) const = 0;
+    /** The servo's registers; they live as long as the program. */
+    virtual const model::Family &family() const = 0;
 
     virtual ~IDevice() = default;
 };

@@ -1,54 +1,44 @@
 #include "device/uiregisterhelper.h"
 
 #include "device/devicehelper.h"
+#include "device/fieldbinding.h"
 #include "device/ieditgroup.h"
-#include "device/pollmap.h"
+#include "model/families.h"
+#include "model/littleendian.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr qint32 DirectionMask = 1 << pollmap::DirectionBit;
-
-// Model number and firmware version; everything after them differs between the models.
-constexpr quint8 RegistersOfAllModels[] = {0, 2};
-
-bool isCommonToAllModels(quint8 address)
-{
-    return std::find(std::begin(RegistersOfAllModels), std::end(RegistersOfAllModels), address) !=
-           std::end(RegistersOfAllModels);
-}
-
-qint32 narrowed(pollmap::RawType type, qint32 assembled)
-{
-    switch (type) {
-    case pollmap::U8:
-        return static_cast<quint8>(assembled);
-    case pollmap::S16:
-        return static_cast<qint16>(assembled);
-    case pollmap::U16:
-        return static_cast<quint16>(assembled);
-    case pollmap::S32:
-    case pollmap::U32:
-        break;
-    }
-    return assembled;
-}
-
-bool isBeingEdited(const QObject *field)
+bool isWithheldFrom(const QObject *field)
 {
     const auto *group = dynamic_cast<const IEditGroup *>(field->parent());
-    return group && group->isEditing();
+    return group && group->withholdsValues();
+}
+
+/** Whether the registers of @p field mean the same in @p family. */
+bool isSameIn(const model::Family &family, const model::Field &field)
+{
+    const model::Field *there = family.field(QLatin1String(field.key));
+    return there && there->address == field.address && there->size == field.size;
 }
 
 } // namespace
 
 UiRegisterHelper::UiRegisterHelper()
 {
-    for (const pollmap::Item &item : pollmap::Items) {
-        const auto handler = [this, &item](qint32 assembled) { receive(item, assembled); };
-        m_bindings.emplace(item.address, std::make_shared<RegisterItemHelper>(RegisterItemHelper{item.size, handler}));
-    }
+    const auto bind = [this](quint8 address, quint8 size, const model::Field *field) {
+        const auto handler = [this, address, size, field](qint32 assembled) {
+            record(address, size, quint32(assembled));
+            if (field)
+                pass(*field, quint32(assembled));
+        };
+        m_bindings.emplace(address, std::make_shared<RegisterItemHelper>(RegisterItemHelper{size, handler}));
+    };
+    for (const model::Field &field : model::ZelvarV1Family.fields)
+        bind(field.address, field.size, &field);
+    for (const model::Gap &gap : model::ZelvarV1Family.gaps)
+        bind(gap.address, gap.size, nullptr);
 }
 
 UiRegisterHelper::~UiRegisterHelper() = default;
@@ -69,77 +59,66 @@ void UiRegisterHelper::registerField(IUnitDataField *field)
     fields.push_back(tracked);
 }
 
+void UiRegisterHelper::take(const QByteArray &registers, model::RegisterImage::TimePoint when)
+{
+    if (followsDevice())
+        m_image->take(0, registers, when);
+}
+
+std::shared_ptr<const model::RegisterImage> UiRegisterHelper::image() const
+{
+    return m_image;
+}
+
 std::optional<quint8> UiRegisterHelper::lastByte(quint8 address) const
 {
     const std::shared_ptr<IDevice> source = m_readFrom.lock();
-    const auto found = m_lastBytes.find(address);
-    if (!source || source != DeviceHelper::currentDevice() || found == m_lastBytes.end())
+    if (!source || source != DeviceHelper::currentDevice() || !source->hasRegisterMap())
         return std::nullopt;
-    return found->second;
+    return m_image->byte(address);
 }
 
 void UiRegisterHelper::assumeWritten(quint8 address, const QByteArray &bytes)
 {
-    for (int offset = 0; offset < bytes.size(); ++offset) {
-        const auto written = quint8(address + offset);
-        if (lastByte(written))
-            m_lastBytes[written] = quint8(bytes[offset]);
-    }
+    if (m_readFrom.lock() == DeviceHelper::currentDevice())
+        m_image->assumeWritten(address, bytes);
 }
 
 void UiRegisterHelper::forgetValues()
 {
-    m_lastBytes.clear();
+    *m_image = model::RegisterImage();
     m_readFrom.reset();
 }
 
-void UiRegisterHelper::receive(const pollmap::Item &item, qint32 assembled)
+/** Makes the image that of the current device, empty if it was another one's. @return whether there is a device. */
+bool UiRegisterHelper::followsDevice()
 {
     const std::shared_ptr<IDevice> device = DeviceHelper::currentDevice();
-    if (!device)
-        return;
-    if (device->hasRegisterMap())
-        recordBytes(device, item, static_cast<quint32>(assembled));
-    else if (!isCommonToAllModels(item.address))
-        return;
-    show(item, narrowed(item.type, assembled));
-}
-
-void UiRegisterHelper::recordBytes(const std::shared_ptr<IDevice> &device, const pollmap::Item &item, quint32 assembled)
-{
-    if (m_readFrom.lock() != device) {
-        forgetValues();
+    if (device && m_readFrom.lock() != device) {
+        *m_image = model::RegisterImage(&device->family());
         m_readFrom = device;
     }
-    for (unsigned offset = 0; offset < item.size; ++offset) {
-        const unsigned address = item.address + offset;
-        // What is polled past the end of the table was never in the reply.
-        if (address < device->controlTableSize())
-            m_lastBytes[quint8(address)] = quint8(assembled >> (8 * offset));
-    }
+    return device != nullptr;
 }
 
-void UiRegisterHelper::show(const pollmap::Item &item, qint32 value)
+// Whoever calls a handler by itself, without a poll's whole table before, has read that value.
+void UiRegisterHelper::record(quint8 address, quint8 size, quint32 bits)
 {
-    if (item.address == pollmap::HardwareErrorRegister)
-        showHardwareErrors(value);
-    else if (item.directionField)
-        showMagnitudeAndDirection(item, value);
-    else if (item.field)
-        showValue(item.field, value);
+    if (!followsDevice() || m_image->bits(address, size) == bits || !DeviceHelper::currentDevice()->hasRegisterMap())
+        return;
+    QByteArray bytes(size, '\0');
+    model::putLittleEndian(bits, size, reinterpret_cast<quint8 *>(bytes.data()));
+    m_image->take(address, bytes, m_image->lastRead());
 }
 
-void UiRegisterHelper::showMagnitudeAndDirection(const pollmap::Item &item, qint32 value)
+void UiRegisterHelper::pass(const model::Field &field, quint32 bits)
 {
-    showValue(item.field, value & ~DirectionMask);
-    showValue(item.directionField, (value & DirectionMask) >> pollmap::DirectionBit);
-}
-
-void UiRegisterHelper::showHardwareErrors(qint32 status)
-{
-    for (const pollmap::HardwareError &error : pollmap::HardwareErrors) {
-        if (error.field)
-            showValue(error.field, status & (1 << error.bit));
+    const std::shared_ptr<IDevice> device = DeviceHelper::currentDevice();
+    if (!device || (!device->hasRegisterMap() && !isSameIn(device->family(), field)))
+        return;
+    for (const FieldBinding &binding : fieldBindings(field)) {
+        if (device->hasRegisterMap() || device->definesField(QLatin1String(binding.control)))
+            showValue(binding.control, binding.shownValue(bits));
     }
 }
 
@@ -150,7 +129,7 @@ void UiRegisterHelper::showValue(const char *objectName, qint32 value)
         return;
     // Before the value: the mode locks follow the mode that was shown until now.
     field.get()->applyDependency();
-    if (!isBeingEdited(field.object()))
+    if (!isWithheldFrom(field.object()))
         field.get()->setValue(value);
 }
 

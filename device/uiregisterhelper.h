@@ -3,6 +3,7 @@
 #include "device/iunitdatafield.h"
 #include "device/tracked.h"
 #include "link/registeritemhelper.h"
+#include "model/registerimage.h"
 
 #include <QByteArray>
 #include <QString>
@@ -15,16 +16,11 @@
 
 class IDevice;
 
-namespace pollmap {
-struct Item;
-}
-
 /**
- * Passes polled register values on to the bound controls, and keeps the raw bytes last read.
+ * Passes polled register values on to the bound controls, and keeps the image of the connected servo's registers.
  *
- * The poll map is the own family's. While the connected servo has no register map, only the registers that
- * all models have in common are passed on, and no bytes are kept; without a device model nothing is. GUI
- * thread only.
+ * The poll map is the own family's. While the connected servo is of another family, only the values of registers that
+ * it has at the same place are passed on; without a device model nothing is kept or passed on. GUI thread only.
  */
 class UiRegisterHelper
 {
@@ -43,9 +39,14 @@ public:
      */
     void registerField(IUnitDataField *field);
 
+    /** Keeps @p registers, the servo's whole table as it was read by a reply that was complete at @p when. */
+    void take(const QByteArray &registers, model::RegisterImage::TimePoint when);
+    /** What has been kept, also of a device that is not the current one any more: the same object each time. */
+    std::shared_ptr<const model::RegisterImage> image() const;
     /**
      * The byte last read from the register at @p address of the current device, including registers that no
-     * control shows and values that came while their group was edited. Nothing when it has not been read yet.
+     * control shows and values that came while their group was edited. Nothing when it has not been read yet, and for
+     * a device without a register map.
      */
     std::optional<quint8> lastByte(quint8 address) const;
     /**
@@ -59,19 +60,15 @@ public:
 private:
     using Fields = std::vector<Tracked<IUnitDataField>>;
 
-    void receive(const pollmap::Item &item, qint32 assembled);
-    void recordBytes(const std::shared_ptr<IDevice> &device, const pollmap::Item &item, quint32 assembled);
-    void show(const pollmap::Item &item, qint32 value);
-    void showMagnitudeAndDirection(const pollmap::Item &item, qint32 value);
-    void showHardwareErrors(qint32 status);
+    bool followsDevice();
+    void record(quint8 address, quint8 size, quint32 bits);
+    void pass(const model::Field &field, quint32 bits);
     void showValue(const char *objectName, qint32 value);
     Tracked<IUnitDataField> fieldOf(const char *objectName) const;
 
     RegisterBindings m_bindings;
     std::map<QString, Fields, std::less<>> m_fields;
-    std::map<quint8, quint8> m_lastBytes;
-    /**
-     * Whose bytes m_lastBytes are: those of an earlier connection must never be taken for the current servo's.
-     */
+    std::shared_ptr<model::RegisterImage> m_image = std::make_shared<model::RegisterImage>();
+    /** Whose registers these are: those of an earlier connection must never be taken for the current servo's. */
     std::weak_ptr<IDevice> m_readFrom;
 };

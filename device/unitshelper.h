@@ -2,6 +2,7 @@
 
 #include "device/conversionhelper.h"
 #include "device/physicalquantities.h"
+#include "model/units.h"
 
 #include <QString>
 
@@ -34,6 +35,8 @@ public:
     double singleStep(qint32 fieldId) const;
 
 private:
+    const model::Unit &unit(qint32 fieldId) const;
+
     std::shared_ptr<const PhysicalQuantities> m_quantities;
     std::shared_ptr<const ConversionHelper> m_conversion;
 };

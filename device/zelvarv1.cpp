@@ -1,6 +1,7 @@
 #include "device/zelvarv1.h"
 
-#include "device/zelvarv1registers.h"
+#include "device/fieldbinding.h"
+#include "model/families.h"
 
 #include <QCoreApplication>
 
@@ -8,81 +9,81 @@
 
 namespace {
 
-constexpr unsigned ControlTableSize = 118;
-
-// Positions are scaled by 6.283185307178 / 4096 rad a count, the angle limits by 3.141592653589 / 2047: two
-// scales, and both are the servo's.
-// clang-format off
-constexpr LimitsRow Limits[] = {
-    // object name, rawMin, rawMax, physicalMin, physicalMax
-    {"actualPositionLineEdit",                   -1044479, 1044479, -1602.2107193496022, 1602.2107193496022},
-    {"actualAngularVelocityLineEdit",            0,        2300,    0.0,                 2.3},
-    {"actualTemperatureLineEdit",                0,        255,     0.0,                 255.0},
-    {"actualTorqueLineEdit",                     0,        18000,   0.0,                 18.0},
-    {"actualVoltageLineEdit",                    0,        255,     0.0,                 25.5},
-    {"actualQuadratureCurrentLineEdit",          0,        255,     0.0,                 255.0},
-    {"firmwareVersionLineEdit",                  0,        255,     0.0,                 255.0},
-    {"modelNumberLineEdit",                      0,        255,     0.0,                 255.0},
-    {"idSpinBox",                                0,        253,     0.0,                 253.0},
-    {"ackResponseTimeSpinBox",                   0,        254,     0.0,                 508.0},
-    {"operatingModeComboBox",                    0,        0,       0.0,                 0.0},
-    {"inputModeComboBox",                        0,        0,       0.0,                 0.0},
-    {"clockwiseLimitDoubleSpinBox",              -2047,    2047,    -3.141592653589,     3.141592653589},
-    {"counterClockwiseLimitDoubleSpinBox",       -2047,    2047,    -3.141592653589,     3.141592653589},
-    {"temperatureLimitDoubleSpinBox",            0,        255,     0.0,                 255.0},
-    {"minVoltageLimitDoubleSpinBox",             0,        255,     0.0,                 25.5},
-    {"maxVoltageLimitDoubleSpinBox",             0,        255,     0.0,                 25.5},
-    {"quadratureCurrentLimitDoubleSpinBox",      0,        5000,    0.0,                 5.0},
-    {"angularVelocityLimitDoubleSpinBox",        0,        2400,    0.0,                 2.4},
-    {"accelerationLimitDoubleSpinBox",           0,        48000,   0.0,                 48.0},
-    {"defPositionProportionalTermDoubleSpinBox", 0,        2000,    0.0,                 200.0},
-    {"defVelocityFeedforwardTermDoubleSpinBox",  0,        16383,   0.0,                 16.383},
-    {"defCurrentFeedforwardTermDoubleSpinBox",   0,        1000,    0.0,                 1.0},
-    {"defVelocityProportionalTermDoubleSpinBox", 0,        4000,    0.0,                 4.0},
-    {"defVelocityIntegralTermDoubleSpinBox",     0,        4000,    0.0,                 4.0},
-    {"defAngularVelocityProfileDoubleSpinBox",   0,        2000,    0.0,                 2.0},
-    {"defAccelerationProfileDoubleSpinBox",      0,        48000,   0.0,                 48.0},
-    {"hornPositionOffsetDoubleSpinBox",          -1044479, 1044479, -1602.2107193496022, 1602.2107193496022},
-    {"movingThresholdDoubleSpinBox",             0,        2000,    0.0,                 2.0},
-    {"targetPositionDoubleSpinBox",              -1044479, 1044479, -1602.2107193496022, 1602.2107193496022},
-    {"positionProportionalTermDoubleSpinBox",    0,        2000,    0.0,                 200.0},
-    {"velocityFeedforwardTermDoubleSpinBox",     0,        16383,   0.0,                 16.383},
-    {"currentFeedforwardTermDoubleSpinBox",      0,        1000,    0.0,                 1.0},
-    {"deadZoneDoubleSpinBox",                    0,        1024,    0.0,                 1.5707963267945},
-    {"targetAngularVelocityDoubleSpinBox",       0,        2000,    0.0,                 2.0},
-    {"targetAngularVelocityDirectionComboBox",   0,        0,       0.0,                 0.0},
-    {"velocityProportionalTermDoubleSpinBox",    0,        4000,    0.0,                 4.0},
-    {"velocityIntegralTermDoubleSpinBox",        0,        4000,    0.0,                 4.0},
-    {"targetTorqueDoubleSpinBox",                0,        18000,   0.0,                 18.0},
-    {"targetTorqueDirectionComboBox",            0,        0,       0.0,                 0.0},
-    {"angularVelocityProfileDoubleSpinBox",      0,        2000,    0.0,                 2.0},
-    {"accelerationProfileDoubleSpinBox",         0,        48000,   0.0,                 48.0},
-    {"pendingShadowInstructionCheckBox",         0,        1,       0.0,                 1.0},
-    {"enableMotorCheckBox",                      0,        1,       0.0,                 1.0},
-    {"isMovingCheckBox",                         0,        1,       0.0,                 1.0},
-    {"inputVoltageStatusCheckBox",               0,        1,       0.0,                 1.0},
-    {"overheatingStatusCheckBox",                0,        1,       0.0,                 1.0},
-    {"encoderStatusCheckBox",                    0,        1,       0.0,                 1.0},
-    {"hallStatusCheckBox",                       0,        1,       0.0,                 1.0},
-    {"angleLimitStatusCheckBox",                 0,        1,       0.0,                 1.0},
+/** Limits that the register of the control does not give it, or that a control without a register has. */
+constexpr LimitsRow OddLimits[] = {
+    {"modelNumberLineEdit", {0, 255, 0.0, 255.0}},              // has always been shown on the scale of one byte
+    {"deadZoneDoubleSpinBox", {0, 1024, 0.0, 1.5707963267945}}, // no firmware has had the register yet
 };
-// clang-format on
+
+/** The field that the first row of each bank belongs to. The banks are how the register tables are laid out. */
+constexpr const char *BankStarts[] = {"model_number", "default_position_proportional_gain", "control_enable",
+                                      "actual_position"};
+
+/** A byte that is labelled like another one of its field, as the family always has been. */
+struct MislabelledByte
+{
+    const char *key;
+    int byte;
+    int labelledAs;
+};
+constexpr MislabelledByte MislabelledBytes[] = {{"actual_torque", 1, 0}};
+
+int labelledAs(const model::Field &field, int byte)
+{
+    for (const MislabelledByte &row : MislabelledBytes) {
+        if (row.byte == byte && qstrcmp(row.key, field.key) == 0)
+            return row.labelledAs;
+    }
+    return byte;
+}
+
+QString describedByte(const model::Field &field, int byte)
+{
+    const QString label = ZelvarV1::fieldLabel(field);
+    const int named = labelledAs(field, byte);
+    if (field.size == 1)
+        return label;
+    if (field.size > 2)
+        return QCoreApplication::translate("ZelvarV1", "%1 (byte %2)").arg(label).arg(named);
+    return (named == 0 ? QCoreApplication::translate("ZelvarV1", "%1 (lower)")
+                       : QCoreApplication::translate("ZelvarV1", "%1 (upper)"))
+        .arg(label);
+}
+
+/** The range of the control of @p binding; nothing for the list of baud rates, which is not range-mapped. */
+std::optional<model::Range> rangeOf(const FieldBinding &binding)
+{
+    if (binding.kind() == model::FieldKind::BaudRate)
+        return std::nullopt;
+    if (model::isChoice(binding.kind()))
+        return model::Range(); // a list has no numbers to map
+    if (binding.part == FieldBinding::Part::Flag)
+        return model::Range{0, 1, 0.0, 1.0};
+    return binding.field->range;
+}
 
 } // namespace
 
-ZelvarV1::ZelvarV1(const ModeDependencies &dependencies) : DeviceBase(Limits)
+ZelvarV1::ZelvarV1(const ModeDependencies &dependencies) : DeviceBase(model::ZelvarV1Family)
 {
+    for (const FieldBinding &binding : fieldBindings()) {
+        if (const auto range = rangeOf(binding))
+            setRange(QLatin1String(binding.control), *range);
+    }
+    setRanges(OddLimits);
     setController(QStringLiteral("operatingModeComboBox"), dependencies.operatingMode);
     setController(QStringLiteral("inputModeComboBox"), dependencies.inputMode);
-    for (const RegisterRow &row : ZelvarV1Registers) {
-        m_registers.emplace(row.address, RegisterDescription{row.bank, row.row, row.writable,
-                                                             QCoreApplication::translate("ZelvarV1", row.description)});
-    }
+    describeRegisters();
+}
+
+QString ZelvarV1::fieldLabel(const model::Field &field)
+{
+    return QCoreApplication::translate("ZelvarV1", field.label);
 }
 
 unsigned ZelvarV1::controlTableSize() const
 {
-    return ControlTableSize;
+    return unsigned(family().tableSize);
 }
 
 std::optional<RegisterDescription> ZelvarV1::registerDescription(quint16 address) const
@@ -102,4 +103,20 @@ unsigned ZelvarV1::registerCount(quint32 bank) const
 bool ZelvarV1::hasRegisterMap() const
 {
     return true;
+}
+
+void ZelvarV1::describeRegisters()
+{
+    quint32 bank = 0;
+    quint16 row = 0;
+    for (const model::Field &field : family().fields) {
+        if (bank + 1 < std::size(BankStarts) && qstrcmp(BankStarts[bank + 1], field.key) == 0) {
+            ++bank;
+            row = 0;
+        }
+        for (int byte = 0; byte < field.size; ++byte, ++row) {
+            m_registers.emplace(quint16(field.address + byte),
+                                RegisterDescription{bank, row, field.isWritable(), describedByte(field, byte)});
+        }
+    }
 }

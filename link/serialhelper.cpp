@@ -1,8 +1,9 @@
 #include "link/serialhelper.h"
 
+#include "model/baudrates.h"
 #include "serialport/zelvarserialportinterface.h"
 
-#include <array>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -11,28 +12,6 @@ constexpr unsigned char ProtocolGeneration = 2; // spoken first
 constexpr uint8_t ReadReplyOverhead = 11;
 constexpr uint8_t ShortReplySize = 6;
 
-struct BaudRateCode
-{
-    int baudRate; ///< bits per second, nominal
-    int code;     ///< value of the servo's baud-rate register: 2000000 / (code + 1) bits per second
-};
-
-/** The entries of the baud-rate list, by index. */
-// clang-format off
-constexpr std::array<BaudRateCode, 11> BaudRateCodes{{
-    {9600,    207},
-    {19200,   103},
-    {38400,   51 },
-    {57600,   34 },
-    {115200,  16 },
-    {200000,  9  },
-    {250000,  7  },
-    {400000,  4  },
-    {500000,  3  },
-    {1000000, 1  },
-    {2000000, 0  },
-}};
-// clang-format on
 constexpr int UnknownBaudRateCode = 1; // 1 Mbit/s
 
 } // namespace
@@ -96,24 +75,21 @@ bool SerialHelper::reset(uint8_t id, std::function<void(QByteArray)> callback)
 
 int SerialHelper::baudRateRegisterValue(int index)
 {
-    if (index < 0 || index >= static_cast<int>(BaudRateCodes.size()))
+    if (index < 0 || index >= static_cast<int>(std::size(model::BaudRates)))
         return UnknownBaudRateCode;
-    return BaudRateCodes[static_cast<std::size_t>(index)].code;
+    return model::BaudRates[index].code;
 }
 
 int SerialHelper::baudRateIndex(int registerValue)
 {
-    for (std::size_t index = 0; index < BaudRateCodes.size(); ++index) {
-        if (BaudRateCodes[index].code == registerValue)
-            return static_cast<int>(index);
-    }
-    return -1;
+    const auto *found = std::find_if(std::begin(model::BaudRates), std::end(model::BaudRates),
+                                     [registerValue](const model::BaudRate &row) { return row.code == registerValue; });
+    return found == std::end(model::BaudRates) ? -1 : static_cast<int>(found - std::begin(model::BaudRates));
 }
 
 int SerialHelper::baudRateOf(int registerValue)
 {
-    const int index = baudRateIndex(registerValue);
-    return index < 0 ? 0 : BaudRateCodes[static_cast<std::size_t>(index)].baudRate;
+    return model::baudRateOf(registerValue);
 }
 
 void SerialHelper::queueRequest(uint8_t, uint8_t, QByteArray, std::function<void(QByteArray)>) {}

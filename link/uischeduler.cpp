@@ -3,10 +3,12 @@
 #include "link/ipolltarget.h"
 #include "link/lookup.h"
 #include "link/serialhelper.h"
+#include "model/littleendian.h"
 
 #include <QPointer>
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -14,14 +16,13 @@ namespace {
 constexpr int CursorEnd = 120;    // the poll map covers the registers below it
 constexpr int ErrorByteIndex = 8; // of a read reply
 constexpr int DataIndex = 9;      // where register 0 stands in a read reply
+constexpr int ReadOverhead = 11;  // bytes of a read reply beside the registers
 
 /** The little-endian value of up to @p size bytes of @p reply from @p index; bytes past its end count as absent. */
 quint32 assembled(const QByteArray &reply, int index, int size)
 {
-    quint32 value = 0;
-    for (int i = 0; i < size && index + i < reply.size(); ++i)
-        value += static_cast<quint32>(static_cast<quint8>(reply[index + i])) << (8 * i);
-    return value;
+    const int present = std::clamp(reply.size() - index, 0, size);
+    return present == 0 ? 0 : model::littleEndian(reinterpret_cast<const quint8 *>(reply.constData()) + index, present);
 }
 
 } // namespace
@@ -92,6 +93,7 @@ void UiScheduler::poll()
 
 void UiScheduler::groupCallback(const QByteArray &reply)
 {
+    m_target.take(reply.mid(DataIndex, reply.size() - ReadOverhead));
     for (const auto &[address, item] : m_target.registerBindings()) {
         const quint32 value = assembled(reply, DataIndex + address, item->size);
         item->handler(static_cast<qint32>(value));

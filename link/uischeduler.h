@@ -56,7 +56,7 @@ private:
     void groupCallback(const QByteArray &reply);
 
     uint8_t m_servoId;
-    int m_pollCursor = 0; ///< register at which the next poll's walk stands, 0 to 119
+    int m_pollCursor = 0; ///< walks the poll map, 0 to 119; each poll reads the whole table, wherever it stands
     std::shared_ptr<SerialHelper> m_serialHelper;
     std::vector<std::shared_ptr<QueueRequest>> m_queue;
     quint64 m_blocksQueued = 0; ///< so far

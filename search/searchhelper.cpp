@@ -1,14 +1,18 @@
 #include "search/searchhelper.h"
 
 #include "link/serialhelper.h"
+#include "model/families.h"
 
 #include <QMutexLocker>
 #include <QWaitCondition>
 
 namespace {
 
-constexpr uint8_t FirstRegister = 0;
-constexpr uint8_t RegisterCount = 2 + 2; // model number, firmware version
+/** From register 0: model number, firmware version and id, which all families have there. */
+uint8_t identityLength()
+{
+    return static_cast<uint8_t>(model::ZelvarV1Family["id"].end());
+}
 
 QWaitCondition &probeEnded()
 {
@@ -52,7 +56,7 @@ void SearchHelper::scanServo(int id, int baudRate)
 {
     m_serialHelper = std::make_shared<SerialHelper>();
     const bool isAsked = m_serialHelper->openSerialPort(m_serialPortName, baudRate).isEmpty() &&
-                         m_serialHelper->readData(static_cast<uint8_t>(id), FirstRegister, RegisterCount,
+                         m_serialHelper->readData(static_cast<uint8_t>(id), 0, identityLength(),
                                                   [this](const QByteArray &reply) { endProbe(reply); });
     if (!isAsked)
         endProbe({}); // nothing will answer: no use in waiting for it

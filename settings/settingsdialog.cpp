@@ -2,6 +2,7 @@
 #include "ui_settingsdialog.h"
 
 #include "link/serialhelper.h"
+#include "model/baudrates.h"
 #include "settings/portlist.h"
 #include "settings/settings.h"
 
@@ -23,8 +24,6 @@ constexpr int DefaultBaudRate = 1000000;
 constexpr int HighestBaudRate = 4000000;
 constexpr int ConnectionTab = 0;
 constexpr int TitleIndent = 10; // pixels, by the forms' style sheets
-
-constexpr int BaudRates[] = {9600, 19200, 38400, 57600, 115200, 200000, 250000, 400000, 500000, 1000000, 2000000};
 
 struct Choice
 {
@@ -197,8 +196,8 @@ void SettingsDialog::makeConnections()
 
 void SettingsDialog::fillParameters()
 {
-    for (const int baudRate : BaudRates)
-        m_ui->baudRateBox->addItem(QString::number(baudRate), baudRate);
+    for (const model::BaudRate &row : model::BaudRates)
+        m_ui->baudRateBox->addItem(QString::number(row.bitsPerSecond), row.bitsPerSecond);
     for (const Choice &choice : DataBits)
         m_ui->dataBitsBox->addItem(QLatin1String(choice.text), choice.data);
     m_ui->dataBitsBox->setCurrentIndex(EightDataBits);

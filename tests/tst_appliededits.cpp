@@ -110,7 +110,7 @@ private Q_SLOTS:
             EditingDesk desk(ServoId, {"--servo", QString("zelvar:%1").arg(ServoId)});
             fill(desk.simulator, mode, random);
             QVERIFY(desk.connects());
-            for (const EditedField &field : EditedFields) {
+            for (const EditedField &field : editedFields()) {
                 const InRow row(QString("%1 in mode %2").arg(field.control).arg(mode));
                 fill(desk.simulator, mode, random);
                 // One answer may be older than these contents, and the locks follow the mode one answer later.
@@ -143,7 +143,7 @@ private Q_SLOTS:
             }
             QCOMPARE(desk.watcher.boxes, QStringList());
         }
-        QCOMPARE(edited.size(), int(std::size(EditedFields)));
+        QCOMPARE(edited.size(), int(editedFields().size()));
     }
 
 private:
@@ -154,7 +154,7 @@ private:
         simulator.write(zelvar::ControlEnable, 1, 0);
         simulator.write(zelvar::Mode, 1, quint32(mode));
         constexpr int Kept[] = {zelvar::Id, zelvar::BaudRate, zelvar::Mode, zelvar::ControlEnable};
-        for (const EditedField &field : EditedFields) {
+        for (const EditedField &field : editedFields()) {
             if (std::find(std::begin(Kept), std::end(Kept), field.address) != std::end(Kept))
                 continue;
             bool isTaken = false; // not every register takes every number

@@ -60,7 +60,7 @@ private Q_SLOTS:
         for (const int unit : {0, 1}) {
             ConnectedEditView fixture(unit);
             QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-            for (const EditedField &edited : EditedFields) {
+            for (const EditedField &edited : editedFields()) {
                 QByteArray table(ConnectedEditView::TableSize, '\0');
                 for (char &byte : table)
                     byte = char(random.bounded(256));
@@ -178,7 +178,7 @@ private Q_SLOTS:
         // The form has no place in its order for these; they come where Qt puts them.
         const QRegularExpression unordered("^(def|inputMode|currentFeedforward)");
         QMap<int, int> heights[2]; // by place in the order
-        for (const EditedField &field : EditedFields) {
+        for (const EditedField &field : editedFields()) {
             const int place = reached.indexOf(QLatin1String(field.control));
             QVERIFY2(place >= 0, field.control);
             if (!QString(field.control).contains(unordered))

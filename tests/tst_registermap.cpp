@@ -76,23 +76,34 @@ private Q_SLOTS:
     void everyPolledByteIsKept()
     {
         UiRegisterHelper helper;
-        for (const auto &[address, item] : helper.bindings()) {
-            quint32 raw = 0;
-            for (unsigned offset = 0; offset < item->size; ++offset)
-                raw += quint32(0x80 + address + offset) << (8 * offset);
-            QVERIFY(!helper.lastByte(address));
-            item->handler(qint32(raw));
-        }
+        QByteArray table(120, '\0'); // two more than there are
+        for (int address = 0; address < table.size(); ++address)
+            table[address] = char(0x80 + address);
+        QVERIFY(!helper.lastByte(0));
+        helper.take(table, {});
         for (int address = 0; address < 118; ++address)
             QCOMPARE(helper.lastByte(quint8(address)), std::optional<quint8>(0x80 + address));
         QVERIFY(!helper.lastByte(118));
 
         ProcessWide<DeviceHelper>::instance()->onModelNumberRead({}); // they belong to the servo before
         QVERIFY(!helper.lastByte(3));
-        helper.bindings().at(4)->handler(2);
-        QVERIFY(!helper.lastByte(3) && helper.lastByte(4));
+        helper.bindings().at(7)->handler(0x0102); // a value that came without a table
+        QVERIFY(!helper.lastByte(3));
+        QCOMPARE(helper.lastByte(8), std::optional<quint8>(1));
         helper.forgetValues();
-        QVERIFY(!helper.lastByte(4));
+        QVERIFY(!helper.lastByte(8));
+    }
+
+    // The scheduler walks from 0 by each item's size and has to meet an item below 120.
+    void pollMapHasNoHoles()
+    {
+        const UiRegisterHelper helper;
+        int end = 0;
+        for (const auto &[address, item] : helper.bindings()) {
+            QCOMPARE(int(address), end);
+            end += item->size;
+        }
+        QCOMPARE(end, 120);
     }
 
     void errorByte()

@@ -882,14 +882,6 @@
 <context>
     <name>ZelvarV1</name>
     <message>
-        <source>Model number (lower)</source>
-        <translation>Modellnummer (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Model number (upper)</source>
-        <translation>Modellnummer (High-Byte)</translation>
-    </message>
-    <message>
         <source>Firmware version</source>
         <translation>Firmwareversion</translation>
     </message>
@@ -910,22 +902,6 @@
         <translation>Betriebsart</translation>
     </message>
     <message>
-        <source>CW angle limit (lower)</source>
-        <translation>Winkelgrenze rechts (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>CW angle limit (upper)</source>
-        <translation>Winkelgrenze rechts (High-Byte)</translation>
-    </message>
-    <message>
-        <source>CCW angle limit (lower)</source>
-        <translation>Winkelgrenze links (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>CCW angle limit (upper)</source>
-        <translation>Winkelgrenze links (High-Byte)</translation>
-    </message>
-    <message>
         <source>Upper temperature limit</source>
         <translation>Obere Temperaturgrenze</translation>
     </message>
@@ -938,112 +914,8 @@
         <translation>Obere Grenze der Eingangsspannung</translation>
     </message>
     <message>
-        <source>Torque limit (lower)</source>
-        <translation>Drehmomentgrenze (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Torque limit (upper)</source>
-        <translation>Drehmomentgrenze (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Angular velocity limit (lower)</source>
-        <translation>Grenze der Winkelgeschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Angular velocity limit (upper)</source>
-        <translation>Grenze der Winkelgeschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Acceleration limit (lower)</source>
-        <translation>Beschleunigungsgrenze (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Acceleration limit (upper)</source>
-        <translation>Beschleunigungsgrenze (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 0)</source>
-        <translation>Nullpunktversatz (Byte 0)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 1)</source>
-        <translation>Nullpunktversatz (Byte 1)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 2)</source>
-        <translation>Nullpunktversatz (Byte 2)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 3)</source>
-        <translation>Nullpunktversatz (Byte 3)</translation>
-    </message>
-    <message>
-        <source>Moving threshold (lower)</source>
-        <translation>Bewegungsschwelle (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Moving threshold (upper)</source>
-        <translation>Bewegungsschwelle (High-Byte)</translation>
-    </message>
-    <message>
         <source>Input mode</source>
         <translation>Eingabeart</translation>
-    </message>
-    <message>
-        <source>Default position proportional gain (lower)</source>
-        <translation>Vorgabe P-Verstärkung Position (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default position proportional gain (upper)</source>
-        <translation>Vorgabe P-Verstärkung Position (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity feedforward gain (lower)</source>
-        <translation>Vorgabe Vorsteuerung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity feedforward gain (upper)</source>
-        <translation>Vorgabe Vorsteuerung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default current feedforward gain (lower)</source>
-        <translation>Vorgabe Vorsteuerung Strom (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default current feedforward gain (upper)</source>
-        <translation>Vorgabe Vorsteuerung Strom (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity integral gain (lower)</source>
-        <translation>Vorgabe I-Verstärkung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity integral gain (upper)</source>
-        <translation>Vorgabe I-Verstärkung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity proportional gain (lower)</source>
-        <translation>Vorgabe P-Verstärkung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default velocity proportional gain (upper)</source>
-        <translation>Vorgabe P-Verstärkung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default angular velocity profile (lower)</source>
-        <translation>Vorgabe Profil der Winkelgeschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default angular velocity profile (upper)</source>
-        <translation>Vorgabe Profil der Winkelgeschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Default acceleration profile (lower)</source>
-        <translation>Vorgabe Beschleunigungsprofil (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Default acceleration profile (upper)</source>
-        <translation>Vorgabe Beschleunigungsprofil (High-Byte)</translation>
     </message>
     <message>
         <source>Control enable</source>
@@ -1054,132 +926,8 @@
         <translation>Befehl vorgemerkt</translation>
     </message>
     <message>
-        <source>Position proportional gain (lower)</source>
-        <translation>P-Verstärkung Position (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Position proportional gain (upper)</source>
-        <translation>P-Verstärkung Position (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity feedforward gain (lower)</source>
-        <translation>Vorsteuerung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity feedforward gain (upper)</source>
-        <translation>Vorsteuerung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Current feedforward gain (lower)</source>
-        <translation>Vorsteuerung Strom (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Current feedforward gain (upper)</source>
-        <translation>Vorsteuerung Strom (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity integral gain (lower)</source>
-        <translation>I-Verstärkung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity integral gain (upper)</source>
-        <translation>I-Verstärkung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity proportional gain (lower)</source>
-        <translation>P-Verstärkung Geschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Velocity proportional gain (upper)</source>
-        <translation>P-Verstärkung Geschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Angular velocity profile (lower)</source>
-        <translation>Profil der Winkelgeschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Angular velocity profile (upper)</source>
-        <translation>Profil der Winkelgeschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Acceleration profile (lower)</source>
-        <translation>Beschleunigungsprofil (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Acceleration profile (upper)</source>
-        <translation>Beschleunigungsprofil (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 0)</source>
-        <translation>Zielposition (Byte 0)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 1)</source>
-        <translation>Zielposition (Byte 1)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 2)</source>
-        <translation>Zielposition (Byte 2)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 3)</source>
-        <translation>Zielposition (Byte 3)</translation>
-    </message>
-    <message>
-        <source>Target angular velocity (lower)</source>
-        <translation>Ziel-Winkelgeschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Target angular velocity (upper)</source>
-        <translation>Ziel-Winkelgeschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Target torque (lower)</source>
-        <translation>Zieldrehmoment (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Target torque (upper)</source>
-        <translation>Zieldrehmoment (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 0)</source>
-        <translation>Istposition (Byte 0)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 1)</source>
-        <translation>Istposition (Byte 1)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 2)</source>
-        <translation>Istposition (Byte 2)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 3)</source>
-        <translation>Istposition (Byte 3)</translation>
-    </message>
-    <message>
-        <source>Actual angular velocity (lower)</source>
-        <translation>Ist-Winkelgeschwindigkeit (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Actual angular velocity (upper)</source>
-        <translation>Ist-Winkelgeschwindigkeit (High-Byte)</translation>
-    </message>
-    <message>
-        <source>Actual torque (lower)</source>
-        <translation>Istdrehmoment (Low-Byte)</translation>
-    </message>
-    <message>
         <source>Actual voltage</source>
         <translation>Istspannung</translation>
-    </message>
-    <message>
-        <source>Actual phase current (lower)</source>
-        <translation>Ist-Phasenstrom (Low-Byte)</translation>
-    </message>
-    <message>
-        <source>Actual phase current (upper)</source>
-        <translation>Ist-Phasenstrom (High-Byte)</translation>
     </message>
     <message>
         <source>Actual temperature</source>
@@ -1202,20 +950,140 @@
         <translation>Debug 2 (u8)</translation>
     </message>
     <message>
-        <source>Debug 3 (lower)</source>
-        <translation>Debug 3 (Low-Byte)</translation>
+        <source>%1 (byte %2)</source>
+        <translation>%1 (Byte %2)</translation>
     </message>
     <message>
-        <source>Debug 3 (upper)</source>
-        <translation>Debug 3 (High-Byte)</translation>
+        <source>%1 (lower)</source>
+        <translation>%1 (Low-Byte)</translation>
     </message>
     <message>
-        <source>Debug 4 (lower)</source>
-        <translation>Debug 4 (Low-Byte)</translation>
+        <source>%1 (upper)</source>
+        <translation>%1 (High-Byte)</translation>
     </message>
     <message>
-        <source>Debug 4 (upper)</source>
-        <translation>Debug 4 (High-Byte)</translation>
+        <source>Model number</source>
+        <translation>Modellnummer</translation>
+    </message>
+    <message>
+        <source>CW angle limit</source>
+        <translation>Winkelgrenze rechts</translation>
+    </message>
+    <message>
+        <source>CCW angle limit</source>
+        <translation>Winkelgrenze links</translation>
+    </message>
+    <message>
+        <source>Torque limit</source>
+        <translation>Drehmomentgrenze</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit</source>
+        <translation>Grenze der Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Acceleration limit</source>
+        <translation>Beschleunigungsgrenze</translation>
+    </message>
+    <message>
+        <source>Home position offset</source>
+        <translation>Nullpunktversatz</translation>
+    </message>
+    <message>
+        <source>Moving threshold</source>
+        <translation>Bewegungsschwelle</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain</source>
+        <translation>Vorgabe P-Verstärkung Position</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain</source>
+        <translation>Vorgabe Vorsteuerung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain</source>
+        <translation>Vorgabe Vorsteuerung Strom</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain</source>
+        <translation>Vorgabe I-Verstärkung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain</source>
+        <translation>Vorgabe P-Verstärkung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile</source>
+        <translation>Vorgabe Profil der Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile</source>
+        <translation>Vorgabe Beschleunigungsprofil</translation>
+    </message>
+    <message>
+        <source>Position proportional gain</source>
+        <translation>P-Verstärkung Position</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain</source>
+        <translation>Vorsteuerung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain</source>
+        <translation>Vorsteuerung Strom</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain</source>
+        <translation>I-Verstärkung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain</source>
+        <translation>P-Verstärkung Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile</source>
+        <translation>Profil der Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Acceleration profile</source>
+        <translation>Beschleunigungsprofil</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>Zielposition</translation>
+    </message>
+    <message>
+        <source>Target angular velocity</source>
+        <translation>Ziel-Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Target torque</source>
+        <translation>Zieldrehmoment</translation>
+    </message>
+    <message>
+        <source>Actual position</source>
+        <translation>Istposition</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity</source>
+        <translation>Ist-Winkelgeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Actual torque</source>
+        <translation>Istdrehmoment</translation>
+    </message>
+    <message>
+        <source>Actual phase current</source>
+        <translation>Ist-Phasenstrom</translation>
+    </message>
+    <message>
+        <source>Debug 3</source>
+        <translation>Debug 3</translation>
+    </message>
+    <message>
+        <source>Debug 4</source>
+        <translation>Debug 4</translation>
     </message>
 </context>
 </TS>

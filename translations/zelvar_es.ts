@@ -882,14 +882,6 @@
 <context>
     <name>ZelvarV1</name>
     <message>
-        <source>Model number (lower)</source>
-        <translation>Número de modelo (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Model number (upper)</source>
-        <translation>Número de modelo (byte alto)</translation>
-    </message>
-    <message>
         <source>Firmware version</source>
         <translation>Versión de firmware</translation>
     </message>
@@ -910,22 +902,6 @@
         <translation>Modo de operación</translation>
     </message>
     <message>
-        <source>CW angle limit (lower)</source>
-        <translation>Límite de ángulo horario (byte bajo)</translation>
-    </message>
-    <message>
-        <source>CW angle limit (upper)</source>
-        <translation>Límite de ángulo horario (byte alto)</translation>
-    </message>
-    <message>
-        <source>CCW angle limit (lower)</source>
-        <translation>Límite de ángulo antihorario (byte bajo)</translation>
-    </message>
-    <message>
-        <source>CCW angle limit (upper)</source>
-        <translation>Límite de ángulo antihorario (byte alto)</translation>
-    </message>
-    <message>
         <source>Upper temperature limit</source>
         <translation>Límite superior de temperatura</translation>
     </message>
@@ -938,112 +914,8 @@
         <translation>Límite superior de tensión de entrada</translation>
     </message>
     <message>
-        <source>Torque limit (lower)</source>
-        <translation>Límite de par (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Torque limit (upper)</source>
-        <translation>Límite de par (byte alto)</translation>
-    </message>
-    <message>
-        <source>Angular velocity limit (lower)</source>
-        <translation>Límite de velocidad angular (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Angular velocity limit (upper)</source>
-        <translation>Límite de velocidad angular (byte alto)</translation>
-    </message>
-    <message>
-        <source>Acceleration limit (lower)</source>
-        <translation>Límite de aceleración (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Acceleration limit (upper)</source>
-        <translation>Límite de aceleración (byte alto)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 0)</source>
-        <translation>Desfase del origen (byte 0)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 1)</source>
-        <translation>Desfase del origen (byte 1)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 2)</source>
-        <translation>Desfase del origen (byte 2)</translation>
-    </message>
-    <message>
-        <source>Home position offset (byte 3)</source>
-        <translation>Desfase del origen (byte 3)</translation>
-    </message>
-    <message>
-        <source>Moving threshold (lower)</source>
-        <translation>Umbral de movimiento (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Moving threshold (upper)</source>
-        <translation>Umbral de movimiento (byte alto)</translation>
-    </message>
-    <message>
         <source>Input mode</source>
         <translation>Modo de entrada</translation>
-    </message>
-    <message>
-        <source>Default position proportional gain (lower)</source>
-        <translation>Ganancia proporcional de posición predeterminada (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default position proportional gain (upper)</source>
-        <translation>Ganancia proporcional de posición predeterminada (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default velocity feedforward gain (lower)</source>
-        <translation>Ganancia de prealimentación de velocidad predeterminada (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default velocity feedforward gain (upper)</source>
-        <translation>Ganancia de prealimentación de velocidad predeterminada (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default current feedforward gain (lower)</source>
-        <translation>Ganancia de prealimentación de corriente predeterminada (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default current feedforward gain (upper)</source>
-        <translation>Ganancia de prealimentación de corriente predeterminada (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default velocity integral gain (lower)</source>
-        <translation>Ganancia integral de velocidad predeterminada (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default velocity integral gain (upper)</source>
-        <translation>Ganancia integral de velocidad predeterminada (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default velocity proportional gain (lower)</source>
-        <translation>Ganancia proporcional de velocidad predeterminada (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default velocity proportional gain (upper)</source>
-        <translation>Ganancia proporcional de velocidad predeterminada (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default angular velocity profile (lower)</source>
-        <translation>Perfil de velocidad angular predeterminado (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default angular velocity profile (upper)</source>
-        <translation>Perfil de velocidad angular predeterminado (byte alto)</translation>
-    </message>
-    <message>
-        <source>Default acceleration profile (lower)</source>
-        <translation>Perfil de aceleración predeterminado (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Default acceleration profile (upper)</source>
-        <translation>Perfil de aceleración predeterminado (byte alto)</translation>
     </message>
     <message>
         <source>Control enable</source>
@@ -1054,132 +926,8 @@
         <translation>Instrucción pendiente</translation>
     </message>
     <message>
-        <source>Position proportional gain (lower)</source>
-        <translation>Ganancia proporcional de posición (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Position proportional gain (upper)</source>
-        <translation>Ganancia proporcional de posición (byte alto)</translation>
-    </message>
-    <message>
-        <source>Velocity feedforward gain (lower)</source>
-        <translation>Ganancia de prealimentación de velocidad (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Velocity feedforward gain (upper)</source>
-        <translation>Ganancia de prealimentación de velocidad (byte alto)</translation>
-    </message>
-    <message>
-        <source>Current feedforward gain (lower)</source>
-        <translation>Ganancia de prealimentación de corriente (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Current feedforward gain (upper)</source>
-        <translation>Ganancia de prealimentación de corriente (byte alto)</translation>
-    </message>
-    <message>
-        <source>Velocity integral gain (lower)</source>
-        <translation>Ganancia integral de velocidad (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Velocity integral gain (upper)</source>
-        <translation>Ganancia integral de velocidad (byte alto)</translation>
-    </message>
-    <message>
-        <source>Velocity proportional gain (lower)</source>
-        <translation>Ganancia proporcional de velocidad (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Velocity proportional gain (upper)</source>
-        <translation>Ganancia proporcional de velocidad (byte alto)</translation>
-    </message>
-    <message>
-        <source>Angular velocity profile (lower)</source>
-        <translation>Perfil de velocidad angular (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Angular velocity profile (upper)</source>
-        <translation>Perfil de velocidad angular (byte alto)</translation>
-    </message>
-    <message>
-        <source>Acceleration profile (lower)</source>
-        <translation>Perfil de aceleración (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Acceleration profile (upper)</source>
-        <translation>Perfil de aceleración (byte alto)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 0)</source>
-        <translation>Posición objetivo (byte 0)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 1)</source>
-        <translation>Posición objetivo (byte 1)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 2)</source>
-        <translation>Posición objetivo (byte 2)</translation>
-    </message>
-    <message>
-        <source>Target position (byte 3)</source>
-        <translation>Posición objetivo (byte 3)</translation>
-    </message>
-    <message>
-        <source>Target angular velocity (lower)</source>
-        <translation>Velocidad angular objetivo (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Target angular velocity (upper)</source>
-        <translation>Velocidad angular objetivo (byte alto)</translation>
-    </message>
-    <message>
-        <source>Target torque (lower)</source>
-        <translation>Par objetivo (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Target torque (upper)</source>
-        <translation>Par objetivo (byte alto)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 0)</source>
-        <translation>Posición actual (byte 0)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 1)</source>
-        <translation>Posición actual (byte 1)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 2)</source>
-        <translation>Posición actual (byte 2)</translation>
-    </message>
-    <message>
-        <source>Actual position (byte 3)</source>
-        <translation>Posición actual (byte 3)</translation>
-    </message>
-    <message>
-        <source>Actual angular velocity (lower)</source>
-        <translation>Velocidad angular actual (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Actual angular velocity (upper)</source>
-        <translation>Velocidad angular actual (byte alto)</translation>
-    </message>
-    <message>
-        <source>Actual torque (lower)</source>
-        <translation>Par actual (byte bajo)</translation>
-    </message>
-    <message>
         <source>Actual voltage</source>
         <translation>Tensión actual</translation>
-    </message>
-    <message>
-        <source>Actual phase current (lower)</source>
-        <translation>Corriente de fase actual (byte bajo)</translation>
-    </message>
-    <message>
-        <source>Actual phase current (upper)</source>
-        <translation>Corriente de fase actual (byte alto)</translation>
     </message>
     <message>
         <source>Actual temperature</source>
@@ -1202,20 +950,140 @@
         <translation>Depuración 2 (u8)</translation>
     </message>
     <message>
-        <source>Debug 3 (lower)</source>
-        <translation>Depuración 3 (byte bajo)</translation>
+        <source>%1 (byte %2)</source>
+        <translation>%1 (byte %2)</translation>
     </message>
     <message>
-        <source>Debug 3 (upper)</source>
-        <translation>Depuración 3 (byte alto)</translation>
+        <source>%1 (lower)</source>
+        <translation>%1 (byte bajo)</translation>
     </message>
     <message>
-        <source>Debug 4 (lower)</source>
-        <translation>Depuración 4 (byte bajo)</translation>
+        <source>%1 (upper)</source>
+        <translation>%1 (byte alto)</translation>
     </message>
     <message>
-        <source>Debug 4 (upper)</source>
-        <translation>Depuración 4 (byte alto)</translation>
+        <source>Model number</source>
+        <translation>Número de modelo</translation>
+    </message>
+    <message>
+        <source>CW angle limit</source>
+        <translation>Límite de ángulo horario</translation>
+    </message>
+    <message>
+        <source>CCW angle limit</source>
+        <translation>Límite de ángulo antihorario</translation>
+    </message>
+    <message>
+        <source>Torque limit</source>
+        <translation>Límite de par</translation>
+    </message>
+    <message>
+        <source>Angular velocity limit</source>
+        <translation>Límite de velocidad angular</translation>
+    </message>
+    <message>
+        <source>Acceleration limit</source>
+        <translation>Límite de aceleración</translation>
+    </message>
+    <message>
+        <source>Home position offset</source>
+        <translation>Desfase del origen</translation>
+    </message>
+    <message>
+        <source>Moving threshold</source>
+        <translation>Umbral de movimiento</translation>
+    </message>
+    <message>
+        <source>Default position proportional gain</source>
+        <translation>Ganancia proporcional de posición predeterminada</translation>
+    </message>
+    <message>
+        <source>Default velocity feedforward gain</source>
+        <translation>Ganancia de prealimentación de velocidad predeterminada</translation>
+    </message>
+    <message>
+        <source>Default current feedforward gain</source>
+        <translation>Ganancia de prealimentación de corriente predeterminada</translation>
+    </message>
+    <message>
+        <source>Default velocity integral gain</source>
+        <translation>Ganancia integral de velocidad predeterminada</translation>
+    </message>
+    <message>
+        <source>Default velocity proportional gain</source>
+        <translation>Ganancia proporcional de velocidad predeterminada</translation>
+    </message>
+    <message>
+        <source>Default angular velocity profile</source>
+        <translation>Perfil de velocidad angular predeterminado</translation>
+    </message>
+    <message>
+        <source>Default acceleration profile</source>
+        <translation>Perfil de aceleración predeterminado</translation>
+    </message>
+    <message>
+        <source>Position proportional gain</source>
+        <translation>Ganancia proporcional de posición</translation>
+    </message>
+    <message>
+        <source>Velocity feedforward gain</source>
+        <translation>Ganancia de prealimentación de velocidad</translation>
+    </message>
+    <message>
+        <source>Current feedforward gain</source>
+        <translation>Ganancia de prealimentación de corriente</translation>
+    </message>
+    <message>
+        <source>Velocity integral gain</source>
+        <translation>Ganancia integral de velocidad</translation>
+    </message>
+    <message>
+        <source>Velocity proportional gain</source>
+        <translation>Ganancia proporcional de velocidad</translation>
+    </message>
+    <message>
+        <source>Angular velocity profile</source>
+        <translation>Perfil de velocidad angular</translation>
+    </message>
+    <message>
+        <source>Acceleration profile</source>
+        <translation>Perfil de aceleración</translation>
+    </message>
+    <message>
+        <source>Target position</source>
+        <translation>Posición objetivo</translation>
+    </message>
+    <message>
+        <source>Target angular velocity</source>
+        <translation>Velocidad angular objetivo</translation>
+    </message>
+    <message>
+        <source>Target torque</source>
+        <translation>Par objetivo</translation>
+    </message>
+    <message>
+        <source>Actual position</source>
+        <translation>Posición actual</translation>
+    </message>
+    <message>
+        <source>Actual angular velocity</source>
+        <translation>Velocidad angular actual</translation>
+    </message>
+    <message>
+        <source>Actual torque</source>
+        <translation>Par actual</translation>
+    </message>
+    <message>
+        <source>Actual phase current</source>
+        <translation>Corriente de fase actual</translation>
+    </message>
+    <message>
+        <source>Debug 3</source>
+        <translation>Depuración 3</translation>
+    </message>
+    <message>
+        <source>Debug 4</source>
+        <translation>Depuración 4</translation>
     </message>
 </context>
 </TS>

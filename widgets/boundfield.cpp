@@ -1,11 +1,11 @@
 #include "widgets/boundfield.h"
 
 #include "device/devicehelper.h"
-#include "device/rawscale.h"
+#include "device/ieditgroup.h"
 #include "device/unitshelper.h"
+#include "model/rawscale.h"
 #include "widgets/fieldtooltip.h"
 #include "widgets/followeddevice.h"
-#include "widgets/zelvarparametersgroupbox.h"
 
 #include <QLocale>
 #include <QWidget>
@@ -14,11 +14,6 @@
 
 namespace {
 
-// Ids up to this one are the quantities of the unit table; the others have no unit.
-constexpr qint32 LastQuantityId = 7;
-// Ids up to this one are numbers with a range, but for the one that no field has.
-constexpr qint32 LastNumberId = 16;
-constexpr qint32 UnusedId = 12;
 constexpr int MaxDecimals = 9;
 // A fraction of one raw count, or of one unit in a decimal place: far below what counts, far above the rounding of
 // double arithmetic.
@@ -27,7 +22,7 @@ constexpr double Noise = 1e-6;
 } // namespace
 
 BoundField::BoundField(QWidget &widget)
-    : m_widget(widget), m_parentGroup(qobject_cast<ZelvarParametersGroupBox *>(widget.parentWidget()))
+    : m_widget(widget), m_parentGroup(dynamic_cast<const IEditGroup *>(widget.parentWidget()))
 {
     widget.setEnabled(false);
 }
@@ -51,6 +46,7 @@ void BoundField::setEditable(bool enable)
 
 void BoundField::restoreValue()
 {
+    // First, while the widget is enabled: it makes the field clean, which setEditable() would take for applied else.
     showStored();
     setEditable(false);
 }
@@ -200,12 +196,12 @@ void BoundField::setFieldId(qint32 id)
 
 bool BoundField::hasUnit() const
 {
-    return m_fieldId >= 0 && m_fieldId <= LastQuantityId;
+    return model::isQuantity(model::FieldKind(m_fieldId));
 }
 
 bool BoundField::isNumber() const
 {
-    return m_fieldId >= 0 && m_fieldId <= LastNumberId && m_fieldId != UnusedId;
+    return model::isNumber(model::FieldKind(m_fieldId));
 }
 
 BoundField::Range BoundField::shownRange() const
@@ -239,12 +235,12 @@ int BoundField::shownDecimals() const
     return digits;
 }
 
-double BoundField::toShown(const RawScale &scale, int raw) const
+double BoundField::toShown(const model::RawScale &scale, int raw) const
 {
     return m_units->toDisplay(scale.toPhysical(raw), m_fieldId);
 }
 
-int BoundField::toRaw(const RawScale &scale, double shown) const
+int BoundField::toRaw(const model::RawScale &scale, double shown) const
 {
     const double physical = m_units->fromDisplay(shown, m_fieldId);
     const double noise = Noise * (scale.toPhysical(1) - scale.toPhysical(0));

@@ -11,10 +11,13 @@
 #include <optional>
 
 class IDevice;
+class IEditGroup;
 class QWidget;
-class RawScale;
 class UnitsHelper;
-class ZelvarParametersGroupBox;
+
+namespace model {
+class RawScale;
+}
 
 /**
  * The behaviour that all bound controls share: following the link and the device model, showing values from
@@ -92,12 +95,12 @@ protected:
     /** Decimals to show: those of the unit, or as many as one raw step needs. REQUIRES: limits(). */
     int shownDecimals() const;
     /** @p raw in the display unit. REQUIRES: limits(). */
-    double toShown(const RawScale &scale, int raw) const;
+    double toShown(const model::RawScale &scale, int raw) const;
     /**
      * The raw value of @p shown in the display unit, truncated toward zero; a whole count that only the
      * rounding of double arithmetic takes below itself stays whole. REQUIRES: limits().
      */
-    int toRaw(const RawScale &scale, double shown) const;
+    int toRaw(const model::RawScale &scale, double shown) const;
 
     bool isConnected() const;
     bool isLocked() const;
@@ -117,7 +120,7 @@ private:
     QString toolTipText(const IDevice &device) const;
 
     QWidget &m_widget;
-    const ZelvarParametersGroupBox *m_parentGroup;
+    const IEditGroup *m_parentGroup; ///< null outside a group
     qint32 m_fieldId = -1;
     Support m_support = Support::Unknown;
     std::optional<FieldLimits> m_limits;

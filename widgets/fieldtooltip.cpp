@@ -1,38 +1,29 @@
 #include "widgets/fieldtooltip.h"
 
-#include "device/fieldregisters.h"
-#include "device/idevice.h"
-
-#include <QRegularExpression>
+#include "device/fieldbinding.h"
+#include "device/zelvarv1.h"
 
 namespace {
 
-QString addressText(const FieldRegisters &registers)
+QString addressText(const model::Field &field)
 {
-    if (registers.size == 1)
-        return QString::number(registers.address);
-    return QStringLiteral("%1\u2013%2").arg(registers.address).arg(registers.address + registers.size - 1);
-}
-
-/** @p description of one byte of several without what tells the bytes apart: "(lower)", "(byte 0)". */
-QString withoutByte(const QString &description)
-{
-    static const QRegularExpression byteSuffix(QStringLiteral("\\s*\\([^()]*\\)$"));
-    return QString(description).remove(byteSuffix);
+    if (field.size == 1)
+        return QString::number(field.address);
+    return QStringLiteral("%1\u2013%2").arg(field.address).arg(field.end() - 1);
 }
 
 } // namespace
 
 QString FieldToolTip::registerText(const IDevice &device, const QString &objectName)
 {
-    const auto registers = registersOf(objectName);
-    const auto described = registers ? device.registerDescription(registers->address) : std::nullopt;
-    if (!described)
+    const FieldBinding *binding = device.hasRegisterMap() ? fieldBinding(objectName) : nullptr;
+    if (!binding)
         return {};
-    const QString addresses = addressText(*registers);
-    const QString text = registers->size == 1 ? described->description : withoutByte(described->description);
-    if (registers->bit)
-        return tr("Register %1, bit %2: %3").arg(addresses).arg(*registers->bit).arg(text);
+    const QString addresses = addressText(*binding->field);
+    const QString text = ZelvarV1::fieldLabel(*binding->field);
+    const bool isOneBit = binding->part == FieldBinding::Part::Direction || binding->part == FieldBinding::Part::Flag;
+    if (isOneBit)
+        return tr("Register %1, bit %2: %3").arg(addresses).arg(binding->bit).arg(text);
     return tr("Register %1: %2").arg(addresses, text);
 }
 

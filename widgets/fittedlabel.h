@@ -4,8 +4,8 @@
 #include <QLabel>
 
 /**
- * A caption of one line that draws its letters together when its place is too narrow for it: the groups have fixed
- * sizes, while fonts, units and languages differ. What does not fit even so is in the tool tip.
+ * A one-line caption that is drawn with narrower letters when its text is wider than its place: the groups have fixed
+ * sizes, while fonts, units and languages differ. A text that does not fit even then is in the tool tip.
  */
 class FittedLabel : public QLabel
 {

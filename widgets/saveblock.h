@@ -1,10 +1,13 @@
 #pragma once
 
+#include "device/fieldbinding.h"
+
 #include <QByteArray>
 #include <QtGlobal>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QWidget;
 
@@ -20,23 +23,13 @@ public:
     /** The byte last read from a register; nothing when it has not been read. */
     using LastByte = std::function<std::optional<quint8>(quint8 address)>;
 
-    /** What of its registers a control stands for, and how its value() is put there. */
-    enum class Content : quint8 { Value, Magnitude, Direction, BaudRate };
-
-    struct Entry
-    {
-        quint8 offset;
-        quint8 address;
-        /** 1, 2 or 4; little-endian. */
-        quint8 bytes;
-        const char *control;
-        Content content = Content::Value;
-    };
-
     static const SaveBlock &nonVolatile();
     static const SaveBlock &volatileParameters();
 
     quint8 firstAddress() const { return m_firstAddress; }
+    int size() const { return m_size; }
+    /** What of the block the user can change. */
+    const std::vector<FieldBinding> &bindings() const { return m_bindings; }
 
     /**
      * The bytes to write from firstAddress() for the controls below @p view. A field that the user has not
@@ -45,14 +38,10 @@ public:
     QByteArray bytes(const QWidget &view, const LastByte &lastByte) const;
 
 private:
-    template <std::size_t Count>
-    constexpr SaveBlock(quint8 firstAddress, int size, const Entry (&entries)[Count])
-        : m_firstAddress(firstAddress), m_size(size), m_entries(entries), m_entryCount(Count)
-    {
-    }
+    /** The fields of @p access, and the registers between them up to the end of the field @p last. */
+    SaveBlock(model::Access access, const char *last);
 
     quint8 m_firstAddress;
     int m_size;
-    const Entry *m_entries;
-    std::size_t m_entryCount;
+    std::vector<FieldBinding> m_bindings;
 };

@@ -73,8 +73,8 @@ void UiGroupHelper::setUpGroup(const GroupRow &row)
     ZelvarParametersGroupBox *box = group(row.objectName);
     if (!box)
         return;
-    connect(this, SIGNAL(linkWentUp()), box, SLOT(connected()));
-    connect(this, SIGNAL(linkWentDown()), box, SLOT(disconnected()));
+    connect(this, &UiGroupHelper::linkWentUp, box, &ZelvarParametersGroupBox::connected);
+    connect(this, &UiGroupHelper::linkWentDown, box, &ZelvarParametersGroupBox::disconnected);
     setUpButtons(*box, row.save);
 }
 
@@ -86,8 +86,8 @@ void UiGroupHelper::setUpButtons(ZelvarParametersGroupBox &group, SaveOperation 
     ZelvarGroupToolButton *editSave = buttonOf(group, ZelvarGroupToolButton::EditSave);
     if (!editSave)
         return;
-    connect(this, SIGNAL(linkWentUp()), editSave, SLOT(connected()));
-    connect(this, SIGNAL(linkWentDown()), editSave, SLOT(disconnected()));
+    connect(this, &UiGroupHelper::linkWentUp, editSave, &ZelvarGroupToolButton::connected);
+    connect(this, &UiGroupHelper::linkWentDown, editSave, &ZelvarGroupToolButton::disconnected);
     connect(editSave, SIGNAL(toggled(bool)), this, SLOT(on_editSaveToolButton_toggled(bool)));
     connect(editSave, SIGNAL(pressed()), this, SLOT(on_editSaveToolButton_pressed()));
     if (operation)

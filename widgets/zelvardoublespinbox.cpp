@@ -1,7 +1,7 @@
 #include "widgets/zelvardoublespinbox.h"
 
-#include "device/rawscale.h"
 #include "device/unitshelper.h"
+#include "model/rawscale.h"
 
 #include <cmath>
 
@@ -22,7 +22,7 @@ ZelvarDoubleSpinBox::ZelvarDoubleSpinBox(QWidget *parent) : BoundSpinBox(parent)
 
 int ZelvarDoubleSpinBox::value() const
 {
-    return limits() ? qBound(limits()->rawMin, toRaw(RawScale(*limits()), shown()), limits()->rawMax) : 0;
+    return limits() ? qBound(limits()->rawMin, toRaw(model::RawScale(*limits()), shown()), limits()->rawMax) : 0;
 }
 
 void ZelvarDoubleSpinBox::on_deviceLoaded()
@@ -52,5 +52,5 @@ void ZelvarDoubleSpinBox::adaptToDevice()
 
 double ZelvarDoubleSpinBox::fromRaw(int raw) const
 {
-    return toShown(RawScale(*limits()), raw);
+    return toShown(model::RawScale(*limits()), raw);
 }

@@ -1,6 +1,6 @@
 #include "widgets/zelvarlineedit.h"
 
-#include "device/rawscale.h"
+#include "model/rawscale.h"
 
 #include <QLocale>
 
@@ -46,7 +46,7 @@ void ZelvarLineEdit::display(const QString &text)
 QString ZelvarLineEdit::fromRaw(int raw) const
 {
     if (isNumber())
-        return locale().toString(toShown(RawScale(*limits()), raw), 'f', shownDecimals());
+        return locale().toString(toShown(model::RawScale(*limits()), raw), 'f', shownDecimals());
     if (fieldId() == ModelNumberId)
         return QStringLiteral("%1%2%3").arg(raw / 256).arg(locale().decimalPoint()).arg(raw % 256);
     return QString::number(raw);

@@ -18,7 +18,7 @@ void ZelvarParametersGroupBox::setEditMode(bool editMode)
     m_editMode = editMode;
 }
 
-bool ZelvarParametersGroupBox::isEditing() const
+bool ZelvarParametersGroupBox::withholdsValues() const
 {
     const auto awaitsValue = [](const QObject *child) {
         const auto *input = dynamic_cast<const IGroupInputComponent *>(child);

@@ -13,13 +13,9 @@ class ZelvarParametersGroupBox : public QGroupBox, public IConnectInfo, public I
 public:
     explicit ZelvarParametersGroupBox(QWidget *parent = nullptr);
 
-    bool editMode() const;
+    bool editMode() const override;
     void setEditMode(bool editMode);
-    /**
-     * Edit mode, except that the first values of a connection are let through: a field that has never shown
-     * the servo's value stays out of use, so there is no edit that they could overwrite.
-     */
-    bool isEditing() const override;
+    bool withholdsValues() const override;
 
 public Q_SLOTS:
     void connected() override;

@@ -1,7 +1,7 @@
 #include "widgets/zelvarspinbox.h"
 
-#include "device/rawscale.h"
 #include "device/unitshelper.h"
+#include "model/rawscale.h"
 
 ZelvarSpinBox::ZelvarSpinBox(QWidget *parent) : BoundSpinBox(parent)
 {
@@ -13,7 +13,7 @@ ZelvarSpinBox::ZelvarSpinBox(QWidget *parent) : BoundSpinBox(parent)
 
 int ZelvarSpinBox::value() const
 {
-    return limits() ? toRaw(RawScale::fromZero(*limits()), shown()) : 0;
+    return limits() ? toRaw(model::RawScale::fromZero(*limits()), shown()) : 0;
 }
 
 void ZelvarSpinBox::on_deviceLoaded()
@@ -36,5 +36,5 @@ void ZelvarSpinBox::adaptToDevice()
 
 int ZelvarSpinBox::fromRaw(int raw) const
 {
-    return static_cast<int>(toShown(RawScale::fromZero(*limits()), raw));
+    return static_cast<int>(toShown(model::RawScale::fromZero(*limits()), raw));
 }

@@ -4,13 +4,6 @@
 #include "device/unitshelper.h"
 #include "widgets/followeddevice.h"
 
-namespace {
-
-// The servo's id is a plain number.
-constexpr qint32 IdLabel = 23;
-
-} // namespace
-
 ZelvarUnitLabel::ZelvarUnitLabel(QWidget *parent) : BoundLabel(parent) {}
 
 void ZelvarUnitLabel::setObjectName(const QString &name)
@@ -45,7 +38,8 @@ void ZelvarUnitLabel::disconnected()
 
 void ZelvarUnitLabel::showCaption()
 {
-    FittedLabel::setText(m_fieldId == IdLabel
+    // The servo's id is a plain number.
+    FittedLabel::setText(model::FieldKind(m_fieldId) == model::FieldKind::IdCaption
                              ? m_caption + QLatin1Char(':')
                              : QStringLiteral("%1 (%2):").arg(m_caption, currentUnits()->unitName(m_fieldId)));
 }

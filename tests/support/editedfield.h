@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/fieldbinding.h"
 #include "link/serialhelper.h"
 #include "widgets/zelvarcombobox.h"
 #include "widgets/zelvardoublespinbox.h"
@@ -68,43 +69,13 @@ private:
     }
 };
 
-// clang-format off
-inline constexpr EditedField EditedFields[] = {
-    {"idSpinBox",                               3,  1},
-    {"baudRateComboBox",                        4,  1},
-    {"ackResponseTimeSpinBox",                  5,  1},
-    {"operatingModeComboBox",                   6,  1},
-    {"clockwiseLimitDoubleSpinBox",             7,  2},
-    {"counterClockwiseLimitDoubleSpinBox",      9,  2},
-    {"temperatureLimitDoubleSpinBox",           11, 1},
-    {"minVoltageLimitDoubleSpinBox",            12, 1},
-    {"maxVoltageLimitDoubleSpinBox",            13, 1},
-    {"quadratureCurrentLimitDoubleSpinBox",     14, 2},
-    {"angularVelocityLimitDoubleSpinBox",       16, 2},
-    {"accelerationLimitDoubleSpinBox",          18, 2},
-    {"hornPositionOffsetDoubleSpinBox",         20, 4},
-    {"movingThresholdDoubleSpinBox",            24, 2},
-    {"inputModeComboBox",                       26, 1},
-    {"defPositionProportionalTermDoubleSpinBox",27, 2},
-    {"defVelocityFeedforwardTermDoubleSpinBox", 29, 2},
-    {"defCurrentFeedforwardTermDoubleSpinBox",  31, 2},
-    {"defVelocityIntegralTermDoubleSpinBox",    33, 2},
-    {"defVelocityProportionalTermDoubleSpinBox",35, 2},
-    {"defAngularVelocityProfileDoubleSpinBox",  37, 2},
-    {"defAccelerationProfileDoubleSpinBox",     39, 2},
-    {"enableMotorCheckBox",                     48, 1},
-    {"pendingShadowInstructionCheckBox",        49, 1},
-    {"positionProportionalTermDoubleSpinBox",   54, 2},
-    {"velocityFeedforwardTermDoubleSpinBox",    56, 2},
-    {"currentFeedforwardTermDoubleSpinBox",     58, 2},
-    {"velocityIntegralTermDoubleSpinBox",       60, 2},
-    {"velocityProportionalTermDoubleSpinBox",   62, 2},
-    {"angularVelocityProfileDoubleSpinBox",     68, 2},
-    {"accelerationProfileDoubleSpinBox",        70, 2},
-    {"targetPositionDoubleSpinBox",             78, 4},
-    {"targetAngularVelocityDoubleSpinBox",      82, 2, 0x7FFF},
-    {"targetAngularVelocityDirectionComboBox",  82, 2, 0x8000},
-    {"targetTorqueDoubleSpinBox",               84, 2, 0x7FFF},
-    {"targetTorqueDirectionComboBox",           84, 2, 0x8000},
-};
-// clang-format on
+/** Every field that users edit. */
+inline std::vector<EditedField> editedFields()
+{
+    std::vector<EditedField> fields;
+    for (const FieldBinding &binding : fieldBindings()) {
+        if (binding.field->isWritable())
+            fields.push_back({binding.control, binding.field->address, binding.field->size, binding.mask()});
+    }
+    return fields;
+}

@@ -17,10 +17,10 @@ if(ZELVAR_SANITIZERS)
     target_link_options(zelvar_build_settings INTERFACE -fsanitize=${ZELVAR_SANITIZERS})
 endif()
 
-# zelvar_room(NAME SOURCES... LINKS ...): one folder of the program as a static library. What a room may
-# include is what it links, so the link list is the room's list of allowed arrows.
-function(zelvar_room name)
-    cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "" "SOURCES;LINKS")
-    add_library(zelvar_${name} STATIC ${ROOM_SOURCES})
-    target_link_libraries(zelvar_${name} PUBLIC zelvar_build_settings ${ROOM_LINKS})
+# zelvar_module(NAME SOURCES... LINKS ...): one folder of the program as a static library. What a module may
+# include is what it links, so the link list is the module's list of allowed arrows.
+function(zelvar_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 MODULE "" "" "SOURCES;LINKS")
+    add_library(zelvar_${name} STATIC ${MODULE_SOURCES})
+    target_link_libraries(zelvar_${name} PUBLIC zelvar_build_settings ${MODULE_LINKS})
 endfunction()

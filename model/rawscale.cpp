@@ -1,7 +1,9 @@
-#include "device/rawscale.h"
+#include "model/rawscale.h"
 
 #include <cmath>
 #include <limits>
+
+namespace model {
 
 namespace {
 
@@ -23,16 +25,16 @@ qint32 truncated(double value)
 
 } // namespace
 
-RawScale::RawScale(const FieldLimits &limits) : RawScale(limits, limits.rawMin) {}
+RawScale::RawScale(const Range &range) : RawScale(range, range.rawMin) {}
 
-RawScale RawScale::fromZero(const FieldLimits &limits)
+RawScale RawScale::fromZero(const Range &range)
 {
-    return RawScale(limits, 0);
+    return RawScale(range, 0);
 }
 
-RawScale::RawScale(const FieldLimits &limits, qint32 rawOrigin)
-    : m_rawOrigin(rawOrigin), m_rawSpan(difference(limits.rawMax, limits.rawMin)), m_physicalOrigin(limits.physicalMin),
-      m_physicalSpan(limits.physicalMax - limits.physicalMin)
+RawScale::RawScale(const Range &range, qint32 rawOrigin)
+    : m_rawOrigin(rawOrigin), m_rawSpan(difference(range.rawMax, range.rawMin)), m_physicalOrigin(range.physicalMin),
+      m_physicalSpan(range.physicalMax - range.physicalMin)
 {
 }
 
@@ -49,3 +51,5 @@ qint32 RawScale::toRaw(double physical) const
         return m_rawOrigin;
     return truncated(m_rawOrigin + double(m_rawSpan) * (physical - m_physicalOrigin) / m_physicalSpan);
 }
+
+} // namespace model

@@ -1,7 +1,6 @@
 #include "app/mainwindow.h"
 #include "ui_mainwindow.h"
 
-#include "app/connectionwatch.h"
 #include "app/polltarget.h"
 #include "app/screenfit.h"
 #include "controllers/inputmodecontroller.h"
@@ -14,6 +13,7 @@
 #include "link/serialhelper.h"
 #include "link/uischeduler.h"
 #include "search/searchdialog.h"
+#include "session/connection.h"
 #include "settings/settings.h"
 #include "settings/settingsdialog.h"
 #include "views/editview.h"
@@ -134,7 +134,6 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     m_ui->setupUi(this);
     m_ui->tabWidget->setAutoFillBackground(true);
     addViews();
-    m_watch = std::make_unique<ConnectionWatch>();
     bindConnectionMachinery();
     setLinkUp(false);
     fillToolBar();
@@ -148,7 +147,7 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
-    m_watch.reset();
+    m_connection.reset();
     m_scheduler.reset();
     m_pollTarget.reset();
     // The views, their controls first, while the helpers that they are registered with are still there.
@@ -189,7 +188,7 @@ void MainWindow::on_actionConnect_triggered()
     auto &groups = ProcessWide<UiGroupHelper>::instance();
     groups->linkUp();
     m_registerView->connectDevice();
-    m_watch->stop();
+    m_connection->begin({servoId, m_settingsDialog->portSettings().baudRate});
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
     setLinkUp(true);
     // Last, so that everything is there when the answer comes, however soon that is.
@@ -198,7 +197,7 @@ void MainWindow::on_actionConnect_triggered()
 
 void MainWindow::on_actionDisconnect_triggered()
 {
-    m_watch->stop();
+    m_connection->end();
     if (m_scheduler)
         m_scheduler->stopScheduler();
     ProcessWide<UiGroupHelper>::instance()->linkDown();
@@ -259,6 +258,7 @@ void MainWindow::bindConnectionMachinery()
         registerHelper = std::make_shared<UiRegisterHelper>();
     m_registerHelper = registerHelper;
     m_pollTarget = std::make_unique<PollTarget>(m_registerHelper);
+    m_connection = std::make_unique<session::Connection>(m_registerHelper->image());
 }
 
 void MainWindow::fillToolBar()
@@ -294,9 +294,7 @@ void MainWindow::makeConnections()
     connect(m_ui->actionSearch, SIGNAL(triggered()), m_searchDialog.get(), SLOT(show()));
     connect(m_searchDialog.get(), SIGNAL(updateBaudRate(int)), m_settingsDialog.get(), SLOT(on_updateBaudRate(int)));
     connect(m_searchDialog.get(), SIGNAL(updateId(int)), this, SLOT(on_updateId(int)));
-    connect(m_watch.get(), &ConnectionWatch::answersMissing, this, &MainWindow::onAnswersMissing);
-    connect(m_watch.get(), &ConnectionWatch::answersBack, this, &MainWindow::onAnswersBack);
-    connect(m_watch.get(), &ConnectionWatch::servoMoved, this, &MainWindow::onServoMoved);
+    connect(m_connection.get(), &session::Connection::stateChanged, this, &MainWindow::onStateChanged);
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
@@ -329,29 +327,45 @@ bool MainWindow::openPort()
 void MainWindow::onDeviceLoaded()
 {
     // The answer may come in the time that Disconnect leaves the port open for.
-    if (!m_ui->actionDisconnect->isEnabled())
+    if (!m_connection->isUp())
         return;
     m_ui->statusBar->showMessage(tr("Connected"));
     m_scheduler->startScheduler(m_pollingIntervalSpinBox->value());
-    const auto device = DeviceHelper::currentDevice();
-    m_watch->start(*m_scheduler, {m_scheduler->servoId(), m_settingsDialog->portSettings().baudRate},
-                   m_pollingIntervalSpinBox->value(), device && device->hasRegisterMap());
+    m_connection->follow(*m_scheduler, DeviceHelper::currentDevice()->family(), m_pollingIntervalSpinBox->value());
 }
 
-void MainWindow::onAnswersMissing()
+void MainWindow::onStateChanged(session::State state, session::State before)
 {
-    m_ui->statusBar->showMessage(tr("No answer from servo %1").arg(m_scheduler->servoId()));
+    switch (state) {
+    case session::State::Silent:
+        m_ui->statusBar->showMessage(tr("No answer from servo %1").arg(m_scheduler->servoId()));
+        return;
+    case session::State::Refusing:
+        m_ui->statusBar->showMessage(tr("Servo %1 refuses to be read").arg(m_scheduler->servoId()));
+        return;
+    case session::State::Moved:
+        onServoMoved();
+        return;
+    case session::State::Connected:
+        if (before != session::State::Identifying)
+            onAnswersBack();
+        return;
+    case session::State::Identifying:
+    case session::State::Disconnected:
+        return; // Connect and Disconnect see to what is shown
+    }
 }
 
 void MainWindow::onAnswersBack()
 {
     m_ui->statusBar->showMessage(tr("Connected"));
     ProcessWide<UiGroupHelper>::instance()->setServoReachable(true);
-    takeOverAddress(m_watch->address());
+    takeOverAddress(m_connection->address());
 }
 
-void MainWindow::onServoMoved(const ServoAddress &address)
+void MainWindow::onServoMoved()
 {
+    const session::ServoAddress &address = m_connection->servoAddress();
     m_ui->statusBar->showMessage(tr("The servo now listens at address %1 and %2 baud: disconnect and connect again")
                                      .arg(address.id)
                                      .arg(address.baudRate));
@@ -360,7 +374,7 @@ void MainWindow::onServoMoved(const ServoAddress &address)
 }
 
 /** Makes @p address the one that the next connection is made to. */
-void MainWindow::takeOverAddress(const ServoAddress &address)
+void MainWindow::takeOverAddress(const session::ServoAddress &address)
 {
     m_idSpinBox->setValue(address.id);
     if (m_settingsDialog->portSettings().baudRate != address.baudRate)
@@ -369,7 +383,7 @@ void MainWindow::takeOverAddress(const ServoAddress &address)
 
 void MainWindow::onConnectionLost(const QString &reason)
 {
-    const bool isConnected = m_ui->actionDisconnect->isEnabled();
+    const bool isConnected = m_connection->isUp();
     if (!isConnected && m_isPortReleased)
         return; // nobody uses it any more
     if (isConnected)

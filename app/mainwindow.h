@@ -4,7 +4,6 @@
 
 #include <memory>
 
-class ConnectionWatch;
 class PollTarget;
 class QLabel;
 class QSpinBox;
@@ -15,11 +14,16 @@ class Settings;
 class SettingsDialog;
 class UiRegisterHelper;
 class UiScheduler;
-struct ServoAddress;
 
 namespace Ui {
 class MainWindow;
 }
+
+namespace session {
+class Connection;
+enum class State;
+struct ServoAddress;
+} // namespace session
 
 /**
  * The program's window. Owns every long-lived object, drives the connection lifecycle from its actions, and releases
@@ -34,6 +38,9 @@ public:
     /** Works on @p serialHelper in place of one of its own. */
     MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelper);
     ~MainWindow() override;
+
+    /** What the connected servo does and has; lives as long as the window. */
+    const session::Connection &connection() const { return *m_connection; }
 
 protected:
     bool event(QEvent *event) override;
@@ -59,10 +66,10 @@ private:
     void restoreWindow();
     bool openPort();
     void onDeviceLoaded();
-    void onAnswersMissing();
+    void onStateChanged(session::State state, session::State before);
     void onAnswersBack();
-    void onServoMoved(const ServoAddress &address);
-    void takeOverAddress(const ServoAddress &address);
+    void onServoMoved();
+    void takeOverAddress(const session::ServoAddress &address);
     void onConnectionLost(const QString &reason);
     void setLinkUp(bool up);
     void run(const OneShotOperation &operation);
@@ -81,7 +88,7 @@ private:
     std::shared_ptr<SerialHelper> m_serialHelper;
     std::unique_ptr<PollTarget> m_pollTarget;
     std::shared_ptr<UiScheduler> m_scheduler;
-    std::unique_ptr<ConnectionWatch> m_watch;
+    std::unique_ptr<session::Connection> m_connection;
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user
 };

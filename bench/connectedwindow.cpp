@@ -3,6 +3,7 @@
 #include "bench/measuring.h"
 #include "bench/windowsize.h"
 #include "link/uischeduler.h"
+#include "session/connection.h"
 
 #include <QAction>
 #include <QApplication>
@@ -68,7 +69,7 @@ double ConnectedWindow::poll(const QByteArray &table)
     m_servo.show(table);
     bool isAnswered = false;
     const auto connection =
-        QObject::connect(m_gate->scheduler(), &UiScheduler::replyReceived, [&isAnswered] { isAnswered = true; });
+        QObject::connect(&m_window->connection(), &session::Connection::polled, [&isAnswered] { isAnswered = true; });
 
     const double begin = threadTime();
     m_gate->tick();

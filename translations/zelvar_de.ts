@@ -513,6 +513,10 @@
         <source>More</source>
         <translation>Mehr</translation>
     </message>
+    <message>
+        <source>Servo %1 refuses to be read</source>
+        <translation>Servo %1 verweigert das Lesen</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>

@@ -513,6 +513,10 @@
         <source>More</source>
         <translation>Más</translation>
     </message>
+    <message>
+        <source>Servo %1 refuses to be read</source>
+        <translation>El servo %1 rechaza la lectura</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>

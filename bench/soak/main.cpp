@@ -1,8 +1,10 @@
 // Drives the whole program for long, as fast as the bus allows and with a line that is disturbed, and looks at what
 // must stay flat or whole: memory, descriptors, every write, and Qt's silence. Exits with 1 when something does not.
 
-#include "device/uiregisterhelper.h"
 #include "link/processwide.h"
+#include "model/families.h"
+#include "model/littleendian.h"
+#include "session/connection.h"
 #include "tests/support/desk.h"
 #include "tests/support/testenvironment.h"
 #include "widgets/uigrouphelper.h"
@@ -23,7 +25,6 @@ namespace {
 
 constexpr int DefaultPolls = 100000;
 constexpr int PollsPerWrite = 100;
-constexpr int TargetPosition = 78; // register, 4 bytes
 constexpr double AllowedGrowth = 0.01;
 /** Before so many polls caches still fill, and more growth is no sign of a leak. */
 constexpr int LongRun = 20000;
@@ -62,14 +63,10 @@ int openDescriptors()
 class Soak
 {
 public:
-    Soak(int polls, QEventLoop &loop) : m_polls(polls), m_loop(loop)
+    Soak(int polls, const session::Connection &connection, QEventLoop &loop) : m_polls(polls), m_loop(loop)
     {
-        // The last item of the poll map is passed on once a poll, when all others have been.
-        auto &handler = registers().bindings().rbegin()->second->handler;
-        handler = [this, passOn = handler](qint32 value) {
-            passOn(value);
-            onPoll();
-        };
+        QObject::connect(&connection, &session::Connection::polled, &loop,
+                         [this](const model::RegisterImage &image) { onPoll(image); });
     }
 
     /** The last write is looked for in the polls after it. */
@@ -80,17 +77,7 @@ public:
     long halfTimeMemory() const { return m_halfTimeMemory; }
 
 private:
-    static UiRegisterHelper &registers() { return *ProcessWide<UiRegisterHelper>::instance(); }
-
-    static int targetPosition()
-    {
-        int value = 0;
-        for (int i = 3; i >= 0; --i)
-            value = value << 8 | registers().lastByte(quint8(TargetPosition + i)).value_or(0);
-        return value;
-    }
-
-    void onPoll()
+    void onPoll(const model::RegisterImage &image)
     {
         ++m_seen;
         if (m_seen == m_polls / 2)
@@ -99,17 +86,17 @@ private:
             m_loop.quit();
         if (m_seen % PollsPerWrite != 0)
             return;
-        if (m_written > 0 && targetPosition() != m_written)
+        if (m_written > 0 && image.raw(m_target) != m_written)
             ++m_lost;
         if (isOver())
             return;
         ++m_written;
-        QByteArray block;
-        for (int i = 0; i < 4; ++i)
-            block.append(char(m_written >> (8 * i)));
-        Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(TargetPosition, block);
+        QByteArray block(m_target.size, '\0');
+        model::putLittleEndian(quint32(m_written), m_target.size, reinterpret_cast<quint8 *>(block.data()));
+        Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(m_target.address, block);
     }
 
+    const model::Field &m_target = model::ZelvarV1Family["target_position"];
     int m_polls;
     QEventLoop &m_loop;
     int m_seen = 0;
@@ -142,7 +129,7 @@ int main(int argc, char **argv)
     interval->setMinimum(0); // a poll whenever the event loop turns: as fast as the bus allows
     interval->setValue(0);
     QEventLoop loop;
-    Soak soak(polls, loop);
+    Soak soak(polls, desk.window->connection(), loop);
     const auto isConnected = [&desk] { return desk.status() == "Connected"; };
     for (int attempt = 0; attempt < 10 && !isConnected(); ++attempt) {
         desk.trigger("actionConnect");

@@ -1,0 +1,109 @@
+#include "session/connection.h"
+
+#include "link/uischeduler.h"
+#include "model/baudrates.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace session {
+
+namespace {
+
+constexpr int MissedPolls = 3;
+constexpr std::chrono::milliseconds LeastSilence{1000};
+
+/** Whether servo and port, set to these nominal rates, would not understand each other. */
+bool areApart(int baudRate, int portRate)
+{
+    constexpr int TolerancePercent = 3;
+    return qAbs(baudRate - portRate) * 100 > TolerancePercent * portRate;
+}
+
+} // namespace
+
+Connection::Connection(std::shared_ptr<const model::RegisterImage> image, Clock &clock)
+    : m_image(std::move(image)), m_silence(clock.makeAlarm(*this, [this] { onSilence(); }))
+{
+}
+
+Connection::~Connection() = default;
+
+void Connection::begin(const ServoAddress &address)
+{
+    stopFollowing();
+    m_address = m_servoAddress = address;
+    enter(State::Identifying);
+}
+
+void Connection::follow(UiScheduler &scheduler, const model::Family &family, int pollingInterval)
+{
+    stopFollowing();
+    m_scheduler = &scheduler;
+    m_family = &family;
+    m_patience = std::max(std::chrono::milliseconds(MissedPolls * pollingInterval), LeastSilence);
+    connect(&scheduler, &UiScheduler::replyReceived, this, &Connection::onReply);
+    connect(&scheduler, &UiScheduler::writeSent, this, &Connection::onWriteSent);
+    m_silence->start(m_patience);
+    enter(State::Connected);
+}
+
+void Connection::end()
+{
+    stopFollowing();
+    enter(State::Disconnected);
+}
+
+void Connection::enter(State state)
+{
+    const State before = std::exchange(m_state, state);
+    if (before != state)
+        Q_EMIT stateChanged(state, before);
+}
+
+void Connection::stopFollowing()
+{
+    m_silence->stop();
+    if (m_scheduler)
+        m_scheduler->disconnect(this);
+    m_scheduler = nullptr;
+}
+
+void Connection::onReply()
+{
+    m_silence->start(m_patience);
+    // A servo that was to move and still answers at the old address has refused to.
+    m_servoAddress = m_address;
+    enter(State::Connected);
+    Q_EMIT polled(*m_image);
+}
+
+void Connection::onSilence()
+{
+    if (m_state != State::Moved) // which has told why already
+        enter(State::Silent);
+}
+
+void Connection::onWriteSent(uint8_t address, const QByteArray &data)
+{
+    const ServoAddress after = addressAfter(address, data);
+    if (after == m_address)
+        return;
+    m_servoAddress = after;
+    enter(State::Moved);
+}
+
+ServoAddress Connection::addressAfter(uint8_t address, const QByteArray &data) const
+{
+    model::RegisterImage written(m_family);
+    written.take(address, data, {});
+    ServoAddress after = m_address;
+    after.id = written.raw(QLatin1String("id")).value_or(after.id);
+    const int baudRate = model::baudRateOf(written.raw(QLatin1String("baud_rate")).value_or(-1));
+    // The code stands for a nominal rate, which the port's own may differ from a little.
+    if (baudRate > 0 && areApart(baudRate, m_address.baudRate))
+        after.baudRate = baudRate;
+    return after;
+}
+
+} // namespace session

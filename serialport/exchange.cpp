@@ -1,8 +1,10 @@
 #include "serialport/exchange.h"
 
+#include "serialport/busoperation.h"
 #include "serialport/replylayout.h"
 
 #include <algorithm>
+#include <utility>
 
 using wire::Framing;
 
@@ -33,14 +35,9 @@ int worstStuffing(int size)
 
 } // namespace
 
-bool BusRequest::operator==(const BusRequest &other) const
-{
-    return operation == other.operation && id == other.id && address == other.address && length == other.length &&
-           data == other.data;
-}
-
 Exchange::Exchange(const BusRequest &request, Framing first, std::optional<Framing> known, int baudRate)
-    : m_request(request), m_first(first), m_known(known), m_baudRate(baudRate)
+    : m_request(request), m_operation(BusOperation::of(request.operation)), m_first(first), m_known(known),
+      m_baudRate(baudRate)
 {
 }
 
@@ -59,15 +56,15 @@ Exchange::Progress Exchange::take(const QByteArray &bytes)
 {
     if (m_listensTo2) {
         m_parser2.append(bytes);
-        while (const auto packet = m_parser2.next()) {
-            if (const auto progress = examine(*packet))
+        while (auto packet = m_parser2.next()) {
+            if (const auto progress = examine(std::move(*packet)))
                 return *progress;
         }
     }
     if (m_listensTo1) {
         m_parser1.append(bytes);
-        while (const auto packet = m_parser1.next()) {
-            if (const auto progress = examine(*packet))
+        while (auto packet = m_parser1.next()) {
+            if (const auto progress = examine(std::move(*packet)))
                 return *progress;
         }
     }
@@ -114,63 +111,37 @@ Exchange::Transmission Exchange::transmit(Framing framing)
 
 Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
 {
-    if (m_stage == Stage::LastFraming && isOneShot())
-        return std::max(OneShotPatience - m_waited, Duration(0));
-    if (m_stage == Stage::FirstFraming && !isOneShot())
+    const bool isLimited = m_operation.patience > Duration(0);
+    if (m_stage == Stage::LastFraming && isLimited)
+        return std::max(m_operation.patience - m_waited, Duration(0));
+    if (m_stage == Stage::FirstFraming && !isLimited)
         return answerWindow(packetSize, replySize(framing), m_baudRate);
-    const int stuffing = framing == Framing::Protocol2 ? worstStuffing(m_request.length) : 0;
+    const int stuffing = framing == Framing::Protocol2 ? worstStuffing(dataSize(framing)) : 0;
     return patience(packetSize, replySize(framing) + stuffing, m_baudRate);
-}
-
-bool Exchange::isOneShot() const
-{
-    return m_request.operation == BusRequest::Operation::Reboot ||
-           m_request.operation == BusRequest::Operation::FactoryReset;
 }
 
 QByteArray Exchange::encoded(Framing framing) const
 {
-    const bool second = framing == Framing::Protocol2;
-    switch (m_request.operation) {
-    case BusRequest::Operation::Read:
-        return second
-                   ? wire::protocol2::encodeInstruction(
-                         m_request.id, wire::Read, wire::protocol2::readParameters(m_request.address, m_request.length))
-                   : wire::protocol1::encode(m_request.id, wire::Read,
-                                             wire::protocol1::readParameters(m_request.address, m_request.length));
-    case BusRequest::Operation::Write:
-        return second
-                   ? wire::protocol2::encodeInstruction(
-                         m_request.id, wire::Write, wire::protocol2::writeParameters(m_request.address, m_request.data))
-                   : wire::protocol1::encode(m_request.id, wire::Write,
-                                             wire::protocol1::writeParameters(m_request.address, m_request.data));
-    case BusRequest::Operation::Reboot:
-        // There is no 1.0 reboot, but a servo that speaks 1.0 answers the code with an instruction error.
-        return second ? wire::protocol2::encodeInstruction(m_request.id, wire::Reboot, {})
-                      : wire::protocol1::encode(m_request.id, wire::Reboot, {});
-    case BusRequest::Operation::FactoryReset:
-        return second ? wire::protocol2::encodeInstruction(
-                            m_request.id, wire::FactoryReset,
-                            QByteArray(1, static_cast<char>(wire::ResetAllButIdAndBaudRate)))
-                      : wire::protocol1::encode(m_request.id, wire::FactoryReset, {});
-    }
-    Q_UNREACHABLE();
+    const BusOperation::Wire &form = m_operation.in(framing);
+    const QByteArray parameters = form.parameters(m_request);
+    return framing == Framing::Protocol2 ? wire::protocol2::encodeInstruction(m_request.id, form.code, parameters)
+                                         : wire::protocol1::encode(m_request.id, form.code, parameters);
+}
+
+int Exchange::dataSize(Framing framing) const
+{
+    return m_operation.in(framing).answerSize(m_request);
 }
 
 int Exchange::replySize(Framing framing) const
 {
-    const int dataSize = m_request.operation == BusRequest::Operation::Read ? m_request.length : 0;
-    return dataSize +
+    return dataSize(framing) +
            (framing == Framing::Protocol2 ? wire::protocol2::StatusOverhead : wire::protocol1::StatusOverhead);
 }
 
 bool Exchange::mayTryOtherFraming() const
 {
-    // Registers have other addresses in the other family, so a write must never go out in a guessed framing; a reboot
-    // exists in one framing only.
-    const bool guessable = m_request.operation == BusRequest::Operation::Read ||
-                           m_request.operation == BusRequest::Operation::FactoryReset;
-    return guessable && !m_known;
+    return m_operation.isFramingGuessed && !m_known;
 }
 
 bool Exchange::isInsideFirstAnswer() const
@@ -178,7 +149,7 @@ bool Exchange::isInsideFirstAnswer() const
     return m_first == Framing::Protocol2 ? m_parser2.isInsidePacket() : m_parser1.isInsidePacket();
 }
 
-std::optional<Exchange::Progress> Exchange::examine(const wire::Packet &packet)
+std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
 {
     if (packet.framing == Framing::Protocol1 && packet.raw == m_unseenEcho) {
         m_unseenEcho.clear();
@@ -189,36 +160,15 @@ std::optional<Exchange::Progress> Exchange::examine(const wire::Packet &packet)
     if (packet.id != m_request.id)
         return std::nullopt;
 
-    const bool hasError = (replylayout::errorByte(packet) & ~wire::AlertBit) != wire::NoError;
-    const bool isRead = m_request.operation == BusRequest::Operation::Read;
-    const bool isRefusal = isRead && hasError && packet.parameters.isEmpty();
-    if (!isRefusal && packet.parameters.size() != (isRead ? m_request.length : 0))
+    const quint8 number = replylayout::errorByte(packet) & ~wire::AlertBit;
+    const int size = packet.parameters.size();
+    const bool isWhole = size == dataSize(packet.framing);
+    const bool isRefusal = size == 0 && number != wire::NoError;
+    if (!isWhole && !isRefusal)
         return std::nullopt; // the late answer to another request
-    return accept(packet);
-}
-
-Exchange::Progress Exchange::accept(const wire::Packet &packet)
-{
-    m_answeredIn = packet.framing;
-    const quint8 error = replylayout::errorByte(packet);
-    const quint8 number = error & ~wire::AlertBit;
-    switch (m_request.operation) {
-    case BusRequest::Operation::Read:
-        if (packet.parameters.size() == m_request.length && (m_request.length > 0 || number == wire::NoError)) {
-            m_reply = replylayout::readReply(packet);
-            return Progress::Answered;
-        }
-        return number == wire::ChecksumError ? Progress::Garbled : Progress::Refused;
-    case BusRequest::Operation::Write:
-        if (number == wire::ChecksumError)
-            return Progress::Garbled;
-        m_reply = replylayout::shortReply(packet.id, error);
+    m_answer = std::move(packet);
+    if (!isRefusal)
         return Progress::Answered;
-    case BusRequest::Operation::Reboot:
-    case BusRequest::Operation::FactoryReset:
-        // The alert bit speaks of the hardware's state, which these two are used to get out of, and not of the command.
-        m_reply = replylayout::shortReply(packet.id, number);
-        return Progress::Answered;
-    }
-    Q_UNREACHABLE();
+    const bool isWorthRepeating = number == wire::ChecksumError && m_operation.attempts > 1;
+    return isWorthRepeating ? Progress::Garbled : Progress::Refused;
 }

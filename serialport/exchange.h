@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serialport/packet.h"
+#include "serialport/busrequest.h"
 #include "serialport/protocol1.h"
 #include "serialport/protocol2.h"
 
@@ -9,31 +9,14 @@
 #include <chrono>
 #include <optional>
 
-/** What is asked of one servo. */
-struct BusRequest
-{
-    enum class Operation {
-        Read,
-        Write,
-        Reboot,
-        FactoryReset,
-    };
-
-    Operation operation = Operation::Read;
-    quint8 id = 0;
-    quint8 address = 0; ///< first register of a read or write
-    quint8 length = 0;  ///< registers to read
-    QByteArray data;    ///< bytes to write
-
-    bool operator==(const BusRequest &other) const;
-};
+struct BusOperation;
 
 /**
  * One exchange on the bus, from the first packet to the reply or to giving up, without port and clock: says what to
  * send and how long to wait, and is told what arrived and that the time is over.
  *
- * To a servo whose framing is not known yet, a read and a factory reset go out in the first framing and, when nothing
- * answers within its answer window, in the other one; an answer in either counts.
+ * To a servo whose framing is not known yet, an operation whose framing is guessed goes out in the first framing and,
+ * when nothing answers within its answer window, in the other one; an answer in either counts.
  */
 class Exchange
 {
@@ -49,18 +32,20 @@ public:
 
     enum class Progress {
         Waiting,  ///< no answer yet
-        Answered, ///< reply() has the bytes to hand over
-        Refused,  ///< the servo answered a read with an error in place of data
+        Answered, ///< the servo did what it was asked
+        Refused,  ///< the servo answered with an error number in place of that
         Garbled,  ///< the servo says that the request reached it damaged: worth repeating
     };
 
     /**
+     * @param request what BusOperation::isPossible() holds for.
      * @param first framing to speak first to a servo of which @p known says nothing yet.
      * @param baudRate bits per second; greater than 0.
      */
     Exchange(const BusRequest &request, wire::Framing first, std::optional<wire::Framing> known, int baudRate);
 
     const BusRequest &request() const { return m_request; }
+    const BusOperation &operation() const { return m_operation; }
 
     /** The packet that starts the exchange, or repeats it after a time-out. */
     Transmission begin();
@@ -72,15 +57,11 @@ public:
      */
     std::optional<Transmission> timeOut();
 
-    /** The reply to hand over. REQUIRES: Progress::Answered. */
-    QByteArray reply() const { return m_reply; }
-    /** The framing that the servo answered in; empty until it did. */
-    std::optional<wire::Framing> answeredIn() const { return m_answeredIn; }
+    /** The latest answer, which is a refusal unless it gave Progress::Answered; nothing until one came. */
+    const std::optional<wire::Packet> &answer() const { return m_answer; }
 
     /** Longest time from handing @p requestSize bytes to the port until the whole reply of @p replySize is here. */
     static Duration patience(int requestSize, int replySize, int baudRate);
-    /** Longest time that a reboot or a factory reset, which are sent once, is waited for in all. */
-    static constexpr Duration OneShotPatience = std::chrono::milliseconds(300);
     /** Time that request and reply take on the wire, and a little: when to try the other framing. */
     static Duration answerWindow(int requestSize, int replySize, int baudRate);
 
@@ -92,15 +73,15 @@ private:
 
     Transmission transmit(wire::Framing framing);
     QByteArray encoded(wire::Framing framing) const;
+    int dataSize(wire::Framing framing) const;
     int replySize(wire::Framing framing) const;
-    bool isOneShot() const;
     bool mayTryOtherFraming() const;
     Duration patienceFor(wire::Framing framing, int packetSize) const;
     bool isInsideFirstAnswer() const;
-    std::optional<Progress> examine(const wire::Packet &packet);
-    Progress accept(const wire::Packet &packet);
+    std::optional<Progress> examine(wire::Packet &&packet);
 
     BusRequest m_request;
+    const BusOperation &m_operation;
     wire::Framing m_first;
     std::optional<wire::Framing> m_known;
     int m_baudRate;
@@ -112,6 +93,5 @@ private:
     QByteArray m_unseenEcho; ///< a 1.0 packet that an adapter may echo
     wire::protocol1::Parser m_parser1;
     wire::protocol2::Parser m_parser2;
-    QByteArray m_reply;
-    std::optional<wire::Framing> m_answeredIn;
+    std::optional<wire::Packet> m_answer;
 };

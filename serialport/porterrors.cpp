@@ -43,3 +43,11 @@ QString PortErrors::lost(const QString &portName)
     return tr("The connection to the serial port %1 was lost. Check the adapter and its cable, then connect again.")
         .arg(portName);
 }
+
+QString PortErrors::readByOthers(const QString &portName)
+{
+    return tr("Another program reads from the serial port %1 too, so answers go missing. Close that program and "
+              "connect "
+              "again.")
+        .arg(portName);
+}

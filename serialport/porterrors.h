@@ -21,4 +21,6 @@ public:
                              const QString &systemText);
     /** The port went away while it was in use. */
     static QString lost(const QString &portName);
+    /** Somebody else takes what arrives at the port, which is not exclusive for everybody. */
+    static QString readByOthers(const QString &portName);
 };

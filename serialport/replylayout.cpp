@@ -3,6 +3,7 @@
 #include "serialport/crc16.h"
 #include "serialport/protocol1.h"
 #include "serialport/protocol2.h"
+#include "serialport/replybytes.h"
 
 namespace replylayout {
 
@@ -10,7 +11,8 @@ namespace {
 
 constexpr quint8 Protocol1HardwareBits =
     wire::VoltageErrorBit | wire::AngleLimitErrorBit | wire::OverheatingErrorBit | wire::OverloadErrorBit;
-constexpr int Protocol1OwnBytes = 7; ///< bytes of a 1.0 status packet that stand where they stood on the wire
+/** Bytes of a 1.0 status packet that stand where they stood on the wire: all before the status code and the error. */
+constexpr int Protocol1OwnBytes = replybytes::ReadError - 1;
 
 QByteArray prefix2(quint8 id, int dataSize)
 {

@@ -1,16 +1,31 @@
-// The rules of the bus, one by one, through the exported interface on a real pseudo terminal with a scripted servo.
+// The rules of the bus, one by one, on a line in memory and a clock that is turned; and, on a real pseudo terminal,
+// what only a real serial port shows.
 
-#include "serialport/protocol1.h"
-#include "serialport/protocol2.h"
 #include "serialport/zelvarserialportinterface.h"
+#include "tests/support/fakeline.h"
 #include "tests/support/ptypeer.h"
 #include "tests/support/testenvironment.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace wire;
+using namespace std::chrono_literals;
 
 namespace {
+using Operation = BusRequest::Operation;
+using Outcome = BusResult::Outcome;
+using Urgency = ServoBus::Urgency;
+
 constexpr int BaudRate = 1000000;
 constexpr quint8 ServoId = 3;
+
+const BusRequest ReadOne{Operation::Read, ServoId, 10, 1, {}};
+
+BusRequest writeOf(const char *data)
+{
+    return {Operation::Write, ServoId, 50, 0, data};
+}
 
 /** Data that a scripted servo has in its registers: each holds its own address. */
 QByteArray registers(int address, int length)
@@ -43,302 +58,499 @@ QByteArray ax12(const Packet &instruction)
                              registers(quint8(instruction.parameters[0]), quint8(instruction.parameters[1])));
 }
 
-/** A client on a line with a scripted servo at its other end. */
-struct Client
+/** A servo that gives @p answers, one a packet, and then the last one again and again. */
+FakeLine::Script answering(const QByteArrayList &answers)
 {
-    PtyPeer peer;
-    ZelvarSerialPortInterface port{nullptr, 2};
-    QByteArrayList replies; ///< in order
+    return [answers, count = 0](const Packet &) mutable { return answers[qMin(count++, answers.size() - 1)]; };
+}
 
-    explicit Client(PtyPeer::Script script) : peer(std::move(script))
+QByteArray status(quint8 error, const QByteArray &data = {})
+{
+    return protocol2::encodeStatus(ServoId, error, data);
+}
+
+/** The bus and the interface with one callback, on a line with a scripted servo. */
+struct Rig
+{
+    TurnedClock clock;
+    FakeLine *line;
+    std::unique_ptr<ZelvarSerialPortInterface> port;
+    QByteArrayList replies; ///< to the one callback
+    QStringList log;        ///< what became of requests, in order
+    std::function<QByteArray(const Packet &)> script;
+
+    explicit Rig(FakeLine::Script servo = zelvarServo) : script(std::move(servo))
     {
-        const QString error = port.openSerialPort(peer.path(), BaudRate);
-        if (!error.isEmpty())
-            qFatal("%s", qPrintable(error));
+        auto owned = std::make_unique<FakeLine>(clock, [this](const Packet &packet) { return script(packet); });
+        line = owned.get();
+        port =
+            std::make_unique<ZelvarSerialPortInterface>(nullptr, std::make_unique<ServoBus>(std::move(owned), clock));
+        port->openSerialPort("line", BaudRate);
+    }
+    ServoBus &bus() const { return *port->bus(); }
+    ServoBus::Ticket ask(const QString &name, const BusRequest &request, Urgency urgency = Urgency::Normal)
+    {
+        return bus().request(request, note(name), urgency);
+    }
+    ServoBus::Completion note(const QString &name)
+    {
+        return [this, name](const BusResult &result) {
+            static const char *const Names[] = {"Answered", "Refused", "NoAnswer", "PortLost", "Withdrawn"};
+            log.append(QString("%1 %2 %3").arg(name, Names[int(result.outcome)]).arg(result.attempts));
+        };
     }
     std::function<void()> collect()
     {
-        return [this] { replies.append(port.readPendingSerialData()); };
+        return [this] { replies.append(port->readPendingSerialData()); };
     }
-    bool read(int address, int length) { return port.readData(ServoId, quint8(address), quint8(length), collect()); }
+    bool read(int address, int length) { return port->readData(ServoId, quint8(address), quint8(length), collect()); }
     bool write(int address, const QByteArray &data)
     {
-        return port.writeData(ServoId, quint8(address), data, collect());
+        return port->writeData(ServoId, quint8(address), data, collect());
     }
-    /** Makes the engine know the servo's framing, however many tries a busy machine takes for that. */
-    void getAcquainted()
+    /** Lets everything happen that will happen. */
+    void settle()
     {
-        for (int answers : {1, 2}) {
-            read(0, 1);
-            QTRY_COMPARE(replies.size(), answers);
-        }
-        replies.clear();
-        acquaintance = peer.receivedCount();
+        do {
+            while (port && line->deliver()) {
+            }
+            QCoreApplication::processEvents();
+        } while (clock.turnToNextAlarm());
     }
-    /** What the servo got since then. */
-    QVector<Packet> received() const { return peer.received().mid(acquaintance); }
-
-    int acquaintance = 0; ///< packets
+    /** What the servo was sent: an instruction's initial, and its first data byte if it writes. */
+    QString sent() const
+    {
+        QString codes;
+        for (const Packet &packet : line->sent) {
+            codes += packet.instruction == Read ? "r" : packet.instruction == Write ? "" : "!";
+            if (packet.instruction == Write)
+                codes += QString::fromLatin1(packet.parameters.mid(2, 1));
+        }
+        return codes;
+    }
 };
 
-QList<int> instructionsOf(const Client &client)
-{
-    QList<int> codes;
-    for (const Packet &packet : client.received())
-        codes.append(packet.instruction);
-    return codes;
-}
-
 } // namespace
+
+/** A request, what the servo says to it, and what becomes of it. */
+struct Fate
+{
+    const char *name;
+    FakeLine::Script servo;
+    BusRequest request;
+    Outcome outcome;
+    int error;
+    QByteArray data;
+    int attempts;
+};
+Q_DECLARE_METATYPE(Fate)
+
+/** What a completion or a slot does to the bus that calls it. */
+using Deed = void (*)(Rig &);
+Q_DECLARE_METATYPE(Deed)
 
 class TestBusEngine : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aReadIsAnsweredWhole()
+    void everyRequestHasAResult_data()
     {
-        const QByteArray packet = protocol2::encodeStatus(ServoId, 0, registers(0, 118));
+        const BusRequest reboot{Operation::Reboot, ServoId, 0, 0, {}};
+        const QByteArray ok = status(0, registers(10, 1));
         // clang-format off
-        const std::tuple<const char *, QByteArray, bool> rows[] = {
-            {"clean",                       {},                                                      false},
-            {"another servo's packet",      protocol2::encodeStatus(9, 0, registers(0, 118)),        false},
-            {"late answer to another read", protocol2::encodeStatus(ServoId, 0, registers(0, 4)),    false},
-            {"packet with a wrong CRC",     QByteArray(packet).replace(20, 1, "\xAA"),               false},
-            {"echo",                        {},                                                      true },
+        const Fate fates[] = {
+            {"read",                        answering({ok}),                                   ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"read with a hardware error",  answering({status(AlertBit, "x")}),                ReadOne, Outcome::Answered, AlertBit, "x",      1},
+            {"AX-12",                       ax12,                                              ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"another servo's packet",      answering({protocol2::encodeStatus(9, 0, "x") + ok}), ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"late answer to another read", answering({status(0, "abcd") + ok}),               ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"packet with a wrong CRC",     answering({QByteArray(ok).replace(9, 1, "X") + ok}), ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"echo",                        [](const Packet &p) { return p.raw + zelvarServo(p); }, ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"refused read",                answering({status(AccessError)}),                  ReadOne, Outcome::Refused, AccessError, {},   1},
+            {"silence to a read",           answering({{}}),                                   ReadOne, Outcome::NoAnswer, 0, {},             3},
+            {"write",                       answering({status(0)}),                            writeOf("a"), Outcome::Answered, 0, {},        1},
+            {"refused write",               answering({status(DataRangeError)}),               writeOf("a"), Outcome::Refused, DataRangeError, {}, 1},
+            {"silence to a write",          answering({{}}),                                   writeOf("a"), Outcome::NoAnswer, 0, {},        6},
+            {"damaged write",               answering({status(ChecksumError), {}, status(0)}), writeOf("a"), Outcome::Answered, 0, {},        3},
+            {"write damaged each time",     answering({status(ChecksumError)}),                writeOf("a"), Outcome::NoAnswer, ChecksumError, {}, 6},
+            {"silence to a reboot",         answering({{}}),                                   reboot, Outcome::NoAnswer, 0, {},              1},
+            {"damaged reboot",              answering({status(ChecksumError)}),                reboot, Outcome::Refused, ChecksumError, {},   1},
+            {"AX-12 cannot reboot",         ax12,                                              reboot, Outcome::NoAnswer, 0, {},              1},
+            {"no servo's id",               zelvarServo, {Operation::Read, BroadcastId, 0, 1, {}}, Outcome::Withdrawn, 0, {},                 0},
+            {"write of nothing",            zelvarServo, writeOf(""),                                   Outcome::Withdrawn, 0, {},            0},
+            {"no operation",                zelvarServo, {Operation(99), ServoId, 0, 1, {}},            Outcome::Withdrawn, 0, {},            0},
         };
         // clang-format on
-        for (const auto &[name, before, echo] : rows) {
-            for (const auto &servo : {zelvarServo, ax12}) {
-                const InRow row(name);
-                Client client([&, noise = before, isEchoed = echo](const Packet &instruction) {
-                    const QByteArray reply = servo(instruction);
-                    return reply.isEmpty() ? reply : (isEchoed ? instruction.raw : QByteArray()) + noise + reply;
-                });
-                QVERIFY(client.read(0, 118));
-                QTRY_COMPARE(client.replies.size(), 1);
-                QCOMPARE(client.replies[0].size(), 118 + 11);
-                QCOMPARE(client.replies[0].mid(9, 118), registers(0, 118));
-            }
+        QTest::addColumn<Fate>("fate");
+        for (const Fate &fate : fates)
+            QTest::newRow(fate.name) << fate;
+    }
+
+    void everyRequestHasAResult()
+    {
+        QFETCH(Fate, fate);
+        Rig rig(fate.servo);
+        QVector<BusResult> results;
+        QSignalSpy finished(&rig.bus(), &ServoBus::requestFinished);
+        rig.bus().request(fate.request, [&](const BusResult &result) { results.append(result); });
+        QCOMPARE(results.size(), 0);
+        rig.settle();
+        QCOMPARE(results.size(), 1);
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(finished[0][0].value<BusRequest>() == fate.request);
+        QCOMPARE(finished[0][1].value<BusResult>().outcome, fate.outcome);
+        QCOMPARE(results[0].outcome, fate.outcome);
+        QCOMPARE(int(results[0].error), fate.error);
+        QCOMPARE(results[0].data, fate.data);
+        QCOMPARE(results[0].attempts, fate.attempts);
+    }
+
+    void usersDoNotDisturbEachOther()
+    {
+        Rig rig;
+        QVector<BusRequest> finished;
+        connect(&rig.bus(), &ServoBus::requestFinished, this, [&](const BusRequest &r) { finished.append(r); });
+        rig.ask("first", ReadOne);
+        rig.read(10, 1); // equal, but somebody else's
+        rig.ask("write", writeOf("a"));
+        rig.ask("second", ReadOne);
+        rig.settle();
+        QCOMPARE(rig.log, (QStringList{"first Answered 1", "write Answered 1", "second Answered 1"}));
+        QCOMPARE(rig.replies.size(), 1);
+        QCOMPARE(rig.sent(), QString("rrar"));
+        QCOMPARE(finished.size(), 4);
+    }
+
+    void urgentRequestsGoFirst()
+    {
+        Rig rig(answering({{}, {}, status(0)}));
+        rig.ask("a", writeOf("a"));
+        rig.ask("b", writeOf("b"));
+        rig.ask("stop", writeOf("s"), Urgency::Urgent);
+        rig.ask("hold", writeOf("h"), Urgency::Urgent);
+        rig.settle();
+        QCOMPARE(rig.sent(), QString("asshb")); // what is urgent itself is repeated in spite of what is urgent
+        QCOMPARE(rig.log, (QStringList{"a NoAnswer 1", "stop Answered 2", "hold Answered 1", "b Answered 1"}));
+    }
+
+    void whatIsWithdrawnIsNotSentAgain()
+    {
+        Rig rig(answering({{}, status(0)}));
+        const auto silent = rig.ask("silent", writeOf("a"));
+        const auto waiting = rig.ask("waiting", writeOf("b"));
+        rig.ask("other", writeOf("c"));
+        rig.bus().withdraw(silent);
+        rig.bus().withdraw(waiting);
+        QVERIFY(rig.log.isEmpty());
+        rig.settle();
+        QCOMPARE(rig.sent(), QString("ac"));
+        QCOMPARE(rig.log, (QStringList{"waiting Withdrawn 0", "silent Withdrawn 1", "other Answered 1"}));
+        rig.bus().withdraw(rig.ask("answered", writeOf("d")));
+        rig.settle();
+        QCOMPARE(rig.log.last(), QString("answered Answered 1"));
+    }
+
+    void theEndOfThePortEndsRequests()
+    {
+        const std::pair<const char *, Deed> rows[] = {{"Withdrawn", [](Rig &rig) { rig.bus().close(); }},
+                                                      {"PortLost", [](Rig &rig) { rig.line->lose(); }}};
+        for (const auto &[outcome, end] : rows) {
+            const InRow row(outcome);
+            Rig rig(answering({{}}));
+            connect(&rig.bus(), &ServoBus::connectionLost, this, [&](const QString &text) { rig.log.append(text); });
+            rig.ask("a", ReadOne);
+            rig.ask("b", writeOf("b"));
+            end(rig);
+            rig.ask("late", ReadOne);
+            QVERIFY(!rig.read(0, 1) && !rig.write(0, "a") && !rig.port->reset(ServoId, rig.collect()));
+            QVERIFY(rig.log.isEmpty());
+            rig.settle();
+            QStringList expected{QString("a %1 1").arg(outcome), QString("b %1 0").arg(outcome), "late PortLost 0"};
+            if (!rig.bus().isOpen() && QByteArray(outcome) == "PortLost")
+                expected.append("lost");
+            QCOMPARE(rig.log, expected);
+            QCOMPARE(rig.replies.size(), 0);
+            rig.port->openSerialPort("line", BaudRate);
+            rig.script = zelvarServo;
+            rig.read(0, 1);
+            rig.settle();
+            QCOMPARE(rig.replies.size(), 1);
         }
+    }
+
+    void aCompletionMayDoAnything_data()
+    {
+        const std::pair<const char *, Deed> deeds[] = {
+            {"destroy the bus", [](Rig &rig) { rig.port.reset(); }},
+            {"close", [](Rig &rig) { rig.bus().close(); }},
+            {"reopen", [](Rig &rig) { rig.bus().open("line", BaudRate); }},
+            {"ask", [](Rig &rig) { rig.ask("asked", ReadOne); }},
+            {"carry out", [](Rig &rig) { rig.bus().carryOut(ReadOne, rig.note("asked")); }},
+        };
+        QTest::addColumn<Deed>("deed");
+        QTest::addColumn<bool>("inSlot");
+        QTest::addColumn<bool>("isAnswered");
+        QTest::addColumn<bool>("isCarriedOut");
+        for (const auto &[name, deed] : deeds) {
+            for (int way = 0; way < 8; ++way)
+                QTest::addRow("%s, %d", name, way) << deed << bool(way & 1) << bool(way & 2) << bool(way & 4);
+        }
+    }
+
+    void aCompletionMayDoAnything()
+    {
+        QFETCH(Deed, deed);
+        QFETCH(bool, inSlot);
+        QFETCH(bool, isAnswered);
+        QFETCH(bool, isCarriedOut);
+        Rig rig(isAnswered ? FakeLine::Script(zelvarServo) : answering({{}}));
+        bool isDone = false;
+        const auto act = [&] {
+            if (!std::exchange(isDone, true))
+                deed(rig);
+        };
+        if (inSlot)
+            connect(&rig.bus(), &ServoBus::requestFinished, this, act);
+        rig.bus().request(ReadOne, [&](const BusResult &result) {
+            rig.note("acting")(result);
+            if (!inSlot)
+                act();
+        });
+        rig.ask("waiting", writeOf("a"));
+        if (isCarriedOut)
+            rig.bus().carryOut(writeOf("b"), rig.note("carried"));
+        rig.settle();
+        // Each exactly once, whatever became of it.
+        for (const char *name : {"acting", "waiting", isCarriedOut ? "carried" : "acting"})
+            QCOMPARE(rig.log.filter(name).size(), 1);
+        QVERIFY(isDone);
     }
 
     void equalReadsJoinTheOneUnderWay()
     {
-        Client client(zelvarServo);
-        client.getAcquainted();
+        Rig rig;
         int earlier = 0;
-        client.port.readData(ServoId, 0, 8, [&] { ++earlier; });
+        rig.port->readData(ServoId, 0, 8, [&] { ++earlier; });
+        rig.read(0, 9);
         for (int i = 0; i < 10; ++i)
-            client.read(0, 8);
-        QTRY_COMPARE(client.replies.size(), 1);
+            rig.read(0, 8);
+        rig.settle();
+        QCOMPARE(rig.replies.size(), 1);
+        QCOMPARE(rig.replies[0].mid(9, 8), registers(0, 8));
         QCOMPARE(earlier, 0);
-        QCOMPARE(client.received().size(), 1);
+        QCOMPARE(rig.sent(), QString("r"));
     }
 
-    void aNewerReadTakesTheWaitingOnesPlace()
+    void onlyTheNewestReadWaits()
     {
-        Client client(zelvarServo);
-        client.getAcquainted();
-        client.read(10, 1);
-        client.read(20, 1);
-        client.read(30, 1);
-        QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(client.replies[0].mid(9, 1), registers(30, 1));
-        QCOMPARE(client.received().size(), 2); // the one under way and the newest
+        Rig rig;
+        for (const int address : {10, 20, 30})
+            rig.read(address, 1);
+        rig.settle();
+        QCOMPARE(rig.replies.size(), 1);
+        QCOMPARE(rig.replies[0].mid(9, 1), registers(30, 1));
+        QCOMPARE(rig.sent(), QString("rr")); // the one under way and the newest
+        rig.read(10, 1);
+        rig.write(50, "a");
+        rig.read(20, 1);
+        QVERIFY(rig.port->reboot(ServoId, rig.collect()));
+        QCOMPARE(rig.sent(), QString("rrra!")); // nobody would have got the second read's reply
+        QCOMPARE(rig.replies.size(), 2);
     }
 
     void writesKeepTheirOrderAndReadsSeeThem()
     {
-        Client client(zelvarServo);
-        client.getAcquainted();
-        client.read(0, 4);
-        client.write(50, "a");
-        client.read(0, 4); // must not be answered by the read that went out before the write
-        client.write(60, "b");
-        client.write(50, "c");
-        client.read(0, 4);
-        QTRY_COMPARE(client.replies.size(), 1); // the newest request's only
-        QCOMPARE(instructionsOf(client), (QList<int>{Read, Write, Write, Write, Read}));
-        const auto packets = client.received();
-        QCOMPARE(packets[1].parameters, protocol2::writeParameters(50, "a"));
-        QCOMPARE(packets[2].parameters, protocol2::writeParameters(60, "b"));
-        QCOMPARE(packets[3].parameters, protocol2::writeParameters(50, "c"));
+        Rig rig;
+        rig.read(0, 4);
+        rig.write(50, "a");
+        rig.read(0, 4); // must not be answered by the read that went out before the write
+        rig.write(60, "b");
+        rig.write(50, "c");
+        rig.read(0, 4);
+        rig.settle();
+        QCOMPARE(rig.replies.size(), 1); // the newest request's only
+        QCOMPARE(rig.sent(), QString("rabcr"));
+        rig.read(0, 4);
+        rig.ask("another user's", writeOf("d"));
+        rig.read(0, 4);
+        rig.settle();
+        QCOMPARE(rig.sent(), QString("rabcrrdr"));
     }
 
-    void whatGetsNoAnswerIsRepeated()
+    void theNewestRequestDecidesAboutRepeats()
     {
-        std::atomic<bool> mute{false};
-        const auto script = [&mute](const Packet &instruction) {
-            const bool isLast = instruction.parameters.startsWith(littleEndian16(99));
-            return mute && !isLast ? QByteArray() : zelvarServo(instruction);
-        };
-        Client reader(script);
-        Client writer(script);
-        reader.getAcquainted();
-        mute = true;
-        reader.read(50, 1);
-        writer.write(50, "a");
-        QTRY_COMPARE(writer.received().size(), 6);
-        QCOMPARE(reader.received().size(), 3); // there has been time for a fourth
-        for (Client *client : {&reader, &writer}) {
-            client->write(99, "z"); // what comes next goes out in spite of it
-            QTRY_COMPARE(client->replies.size(), 1);
-            QCOMPARE(client->received().size(), client == &reader ? 3 + 1 : 6 + 1);
-            for (const Packet &packet : client->received()) // above all, no write is sent in a guessed framing
-                QCOMPARE(packet.framing, Framing::Protocol2);
-        }
+        Rig rig(answering({{}}));
+        rig.read(0, 4);
+        rig.write(50, "a"); // goes out in spite of the silence, and is given up after six times
+        rig.write(50, "b");
+        rig.settle();
+        QCOMPARE(rig.sent(), QString("rr"
+                                     "aaaaaa"
+                                     "bbbbbb"));              // the read once, in both framings
+        for (const Packet &packet : qAsConst(rig.line->sent)) // no write is sent in a guessed framing
+            QVERIFY(packet.instruction != Write || packet.framing == Framing::Protocol2);
+        rig.script = answering({status(DataRangeError)});
+        rig.write(50, "c");
+        rig.settle();
+        QCOMPARE(rig.replies, QByteArrayList{protocol1::encode(ServoId, DataRangeError, {})});
+        rig.read(0, 4); // refused: nothing is handed over
+        rig.settle();
+        QCOMPARE(rig.replies.size(), 1);
     }
 
-    void aReadThatIsNoLongerTheNewestIsNotRepeated()
+    void repeatsGoOutOnASilentLine()
     {
-        std::atomic<bool> mute{false};
-        Client client([&](const Packet &instruction) {
-            return mute && instruction.instruction == Read ? QByteArray() : zelvarServo(instruction);
-        });
-        client.getAcquainted();
-        mute = true;
-        client.read(0, 4);
-        client.write(50, "a");
-        QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(instructionsOf(client), (QList<int>{Read, Write}));
+        Rig rig(answering({status(ChecksumError), status(0)}));
+        rig.write(50, "a");
+        rig.line->deliver();
+        rig.clock.turn(2ms);
+        rig.line->arrive("noise");
+        rig.line->deliver();
+        rig.clock.turn(2ms);
+        QCOMPARE(rig.sent(), QString("a"));
+        rig.clock.turn(1ms);
+        QCOMPARE(rig.sent(), QString("aa"));
+        rig.settle();
+        QCOMPARE(rig.replies.size(), 1);
     }
 
-    void damagedRequestsAreRepeatedOnASilentLineAndRefusedReadsAreNotData()
+    void whatWaitedBeforeARequestIsNotItsAnswer()
     {
-        std::atomic<int> count{0};
-        std::atomic<qint64> shortestSilence{1000};
-        QElapsedTimer silence; // used in the peer's thread only
-        Client client([&](const Packet &instruction) {
-            if (++count <= 3 && silence.isValid())
-                shortestSilence = qMin(shortestSilence.load(), silence.elapsed());
-            silence.start();
-            if (count <= 2) // and an answer to what was given up is still on its way
-                return protocol2::encodeStatus(instruction.id, ChecksumError, {}) +
-                       protocol2::encodeStatus(instruction.id, 0, {});
-            return instruction.instruction == Read ? protocol2::encodeStatus(instruction.id, AccessError, {})
-                                                   : zelvarServo(instruction);
-        });
-        client.write(50, "a");
-        QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(count.load(), 3);
-        QVERIFY(shortestSilence >= 3);
-        client.read(0, 4);
-        QTRY_COMPARE(count.load(), 4);
-        client.write(50, "b");
-        QTRY_COMPARE(client.replies.size(), 2);
-        QCOMPARE(client.replies[1].size(), 6);
-        QCOMPARE(count.load(), 5);
-    }
-
-    void aLateAnswerInTheFirstFramingStillCounts()
-    {
-        Client client([](const Packet &instruction) { // held back until the other framing has been tried
-            return instruction.framing == Framing::Protocol1
-                       ? protocol2::encodeStatus(instruction.id, 0, registers(0, 2))
-                       : QByteArray();
-        });
-        client.read(0, 2);
-        QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(client.replies[0].mid(9, 2), registers(0, 2));
+        Rig rig(answering({{}}));
+        rig.line->arrive(status(0));
+        rig.ask("write", writeOf("a"));
+        rig.settle();
+        QCOMPARE(rig.log, QStringList{"write NoAnswer 6"});
     }
 
     void theFramingIsFoundOutOnceAndRemembered()
     {
-        Client client(ax12);
-        client.read(0, 3);
-        QTRY_COMPARE(client.replies.size(), 1);
-        QCOMPARE(client.replies[0].mid(5, 2), registers(0, 2));
-        client.read(0, 3);
-        QTRY_COMPARE(client.replies.size(), 2);
-        client.write(24, "a");
-        QTRY_COMPARE(client.replies.size(), 3);
-        QList<Framing> framings;
-        for (const Packet &packet : client.peer.received())
-            framings.append(packet.framing);
-        QCOMPARE(framings,
-                 (QList<Framing>{Framing::Protocol2, Framing::Protocol1, Framing::Protocol1, Framing::Protocol1}));
-
-        client.port.openSerialPort(client.peer.path(), BaudRate); // another session: it may be another servo
-        client.read(0, 3);
-        QTRY_COMPARE(client.replies.size(), 4);
-        QCOMPARE(client.peer.received()[4].framing, Framing::Protocol2);
+        Rig rig(ax12);
+        const auto framings = [&] {
+            rig.settle();
+            QString digits;
+            for (const Packet &packet : qAsConst(rig.line->sent))
+                digits += packet.framing == Framing::Protocol1 ? "1" : "2";
+            return digits;
+        };
+        rig.read(0, 3);
+        QCOMPARE(framings(), QString("21"));
+        QCOMPARE(rig.replies[0].mid(5, 2), registers(0, 2));
+        rig.read(0, 3);
+        rig.write(24, "a");
+        QCOMPARE(framings(), QString("2111"));
+        rig.port->openSerialPort("line", BaudRate); // another session: it may be another servo
+        rig.read(0, 3);
+        QCOMPARE(framings(), QString("211121"));
     }
 
     void rebootAndResetRunToTheEndInsideTheCall()
     {
         // clang-format off
-        const std::tuple<const char *, bool, bool, int, int> rows[] = {
-            {"reboot",                          false, false, 1, 1},
-            {"reset",                           true,  false, 1, 1},
-            {"reset of an AX-12",               true,  true,  1, 2},
-            {"reboot of an AX-12, which cannot", false, true, 0, 1},
+        const std::tuple<const char *, bool, FakeLine::Script, int, int> rows[] = {
+            {"reboot",                           false, answering({status(AlertBit)}), 1, 1}, // no failure of the command
+            {"reset",                            true,  answering({status(0)}),        1, 1},
+            {"reset of an AX-12",                true,  ax12,                          1, 2},
+            {"reboot of an AX-12, which cannot", false, ax12,                          0, 1},
         };
         // clang-format on
-        for (const auto &[name, isReset, isAx12, replies, packets] : rows) {
+        for (const auto &[name, isReset, servo, replies, packets] : rows) {
             const InRow row(name);
-            Client client([speaks1 = isAx12](const Packet &instruction) {
-                return speaks1 ? ax12(instruction) : protocol2::encodeStatus(instruction.id, AlertBit, {});
-            });
-            QVERIFY(isReset ? client.port.reset(ServoId, client.collect())
-                            : client.port.reboot(ServoId, client.collect()));
-            client.port.closeSerialPort();
-            // The alert bit is no failure of the command.
-            QCOMPARE(client.replies.join(), protocol1::encode(ServoId, 0, {}).repeated(replies));
-            QCOMPARE(client.peer.receivedCount(), packets);
+            Rig rig(servo);
+            const auto begin = rig.clock.now();
+            QVERIFY(isReset ? rig.port->reset(ServoId, rig.collect()) : rig.port->reboot(ServoId, rig.collect()));
+            rig.port->closeSerialPort();
+            QCOMPARE(rig.replies.join(), protocol1::encode(ServoId, 0, {}).repeated(replies));
+            QCOMPARE(rig.line->sent.size(), packets);
+            QVERIFY(rig.clock.now() - begin <= 300ms);
             if (isReset)
-                QCOMPARE(client.peer.received()[0].parameters, QByteArray(1, char(ResetAllButIdAndBaudRate)));
+                QCOMPARE(rig.line->sent[0].parameters, QByteArray(1, char(ResetAllButIdAndBaudRate)));
         }
     }
 
-    void queuedWritesGoOutBeforeAReboot()
+    // From here on with a real serial port.
+
+    void aStaleAnswerInTheSystemIsThrownAway()
     {
-        Client client(zelvarServo);
-        client.write(50, "a");
-        client.write(60, "b");
-        client.read(0, 1);
-        QVERIFY(client.port.reboot(ServoId, client.collect()));
-        QCOMPARE(instructionsOf(client), (QList<int>{Write, Write, Read, Reboot}));
-        QCOMPARE(client.replies.size(), 1);
+        PtyPeer peer([](const Packet &) { return QByteArray(); });
+        ServoBus bus;
+        QCOMPARE(bus.open(peer.path(), BaudRate), QString());
+        peer.send(status(0));
+        BusResult result;
+        QVERIFY(bus.carryOut(writeOf("a"), [&](const BusResult &r) { result = r; }));
+        QCOMPARE(result.outcome, Outcome::NoAnswer);
+    }
+
+    void aCallbackMayDestroyTheInterface()
+    {
+        PtyPeer peer(zelvarServo);
+        auto port = std::make_unique<ZelvarSerialPortInterface>(nullptr, 2);
+        QCOMPARE(port->openSerialPort(peer.path(), BaudRate), QString());
+        port->readData(ServoId, 0, 8, [&] { port.reset(); });
+        QTRY_VERIFY(!port);
     }
 
     void aLostPortIsReportedOnce()
     {
-        Client client(zelvarServo);
-        client.getAcquainted();
-        QSignalSpy lost(&client.port, &ZelvarSerialPortInterface::connectionLost);
-        client.read(0, 118);
-        client.peer.hangUp();
-        client.write(50, "a"); // some systems notice only when something is sent
-        client.write(50, "b");
+        PtyPeer peer(zelvarServo);
+        ZelvarSerialPortInterface port(nullptr, 2);
+        QCOMPARE(port.openSerialPort(peer.path(), BaudRate), QString());
+        QSignalSpy lost(&port, &ZelvarSerialPortInterface::connectionLost);
+        port.readData(ServoId, 0, 118, [] {});
+        peer.hangUp();
+        port.writeData(ServoId, 50, "a", [] {}); // some systems notice only when something is sent
         QTRY_COMPARE(lost.size(), 1);
-        QVERIFY(lost[0][0].toString().contains(client.peer.path()));
-        QVERIFY(!client.read(0, 1) && !client.write(50, "a") && !client.port.reboot(ServoId, client.collect()));
+        QVERIFY(lost[0][0].toString().contains(peer.path()) && lost[0][0].toString().contains("cable"));
+        QVERIFY(!port.readData(ServoId, 0, 1, [] {}));
         QCoreApplication::processEvents();
         QCOMPARE(lost.size(), 1);
-        client.port.closeSerialPort();
+    }
+
+    void onlyAnotherReaderIsAnotherReader()
+    {
+        PtyPeer peer(zelvarServo);
+        // Told of bytes before the bus is, which finds none when its turn comes.
+        const int descriptor = ::open(peer.path().toLocal8Bit(), O_RDONLY | O_NOCTTY);
+        QSocketNotifier arrival(descriptor, QSocketNotifier::Read);
+        ServoBus bus;
+        QCOMPARE(bus.open(peer.path(), BaudRate), QString());
+        QSignalSpy lost(&bus, &ServoBus::connectionLost);
+        int calls = 0;
+        connect(&arrival, &QSocketNotifier::activated, this, [&] {
+            ++calls;
+            bus.carryOut(ReadOne, nullptr); // takes what is there before it asks
+        });
+        peer.send("noise");
+        QTRY_COMPARE(calls, 1);
+        QCoreApplication::processEvents();
+        QVERIFY(bus.isOpen());
+
+        arrival.disconnect();
+        connect(&arrival, &QSocketNotifier::activated, this, [&] {
+            char stolen[16];
+            QVERIFY(::read(descriptor, stolen, sizeof stolen) > 0);
+        });
+        peer.send("noise");
+        QTRY_COMPARE(lost.size(), 1);
+        QVERIFY(lost[0][0].toString().contains("Another program reads"));
+        ::close(descriptor);
     }
 
     void openingSaysWhatToDo()
     {
-        Client client(zelvarServo);
+        PtyPeer peer(zelvarServo);
+        ZelvarSerialPortInterface first(nullptr, 2);
         ZelvarSerialPortInterface second(nullptr, 2);
+        QCOMPARE(first.openSerialPort(peer.path(), BaudRate), QString());
         QVERIFY(second.openSerialPort({}, BaudRate).contains("No serial port is chosen"));
         QVERIFY(second.openSerialPort("ttyNotThere7", BaudRate).contains("was not found"));
         QVERIFY(second.openSerialPort("/dev/null", BaudRate).contains("could not be opened"));
         QVERIFY(second.openSerialPort("ttyNotThere7", 0).contains("refuses the baud rate 0"));
-        QVERIFY(second.openSerialPort(client.peer.path(), BaudRate).contains("in use by another program"));
-        client.getAcquainted(); // and the one that uses it is not disturbed
-    }
-
-    void aClosedPortTakesNothing()
-    {
-        Client client(zelvarServo);
-        client.read(0, 4);
-        client.port.closeSerialPort();
-        QVERIFY(!client.read(0, 4) && !client.write(0, "a") && !client.port.reset(ServoId, client.collect()));
-        client.port.openSerialPort(client.peer.path(), BaudRate);
-        client.getAcquainted(); // and what it had taken before is forgotten
+        QVERIFY(second.openSerialPort(peer.path(), BaudRate).contains("in use by another program"));
+        bool isAnswered = false; // and the one that uses it is not disturbed
+        first.bus()->carryOut(ReadOne, [&](const BusResult &r) { isAnswered = r.outcome == Outcome::Answered; });
+        QVERIFY(isAnswered);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "serialport/crc16.h"
 #include "serialport/protocol1.h"
 #include "serialport/protocol2.h"
+#include "serialport/replybytes.h"
 #include "serialport/replylayout.h"
 #include "tests/support/testenvironment.h"
 
@@ -127,14 +128,14 @@ private Q_SLOTS:
         protocol2::Parser parser2;
         parser2.append(hex("FFFFFD0001090055 00FFFFFDFD00 D89C"));
         const QByteArray reply2 = replylayout::readReply(*parser2.next());
-        QCOMPARE(reply2.size(), 4 + replylayout::ReadOverhead);
+        QCOMPARE(reply2.size(), 4 + replybytes::ReadOverhead);
         QCOMPARE(reply2.mid(0, 13), hex("FFFFFD0001080055 00 FFFFFD00"));
         QCOMPARE(crc16(reply2.constData(), 13), fromLittleEndian16(reply2, 13));
 
         protocol1::Parser parser1;
         parser1.append(hex("FFFF0105000C0018D5"));
         const QByteArray reply1 = replylayout::readReply(*parser1.next());
-        QCOMPARE(reply1.size(), 3 + replylayout::ReadOverhead);
+        QCOMPARE(reply1.size(), 3 + replybytes::ReadOverhead);
         QCOMPARE(reply1.left(7), hex("FFFF0105000C00"));
         QCOMPARE(reply1.mid(9, 3), hex("0C0018"));
 

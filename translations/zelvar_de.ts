@@ -548,6 +548,10 @@
         <source>The connection to the serial port %1 was lost. Check the adapter and its cable, then connect again.</source>
         <translation>Die Verbindung zur seriellen Schnittstelle %1 ist abgebrochen. Adapter und Kabel prüfen, dann erneut verbinden.</translation>
     </message>
+    <message>
+        <source>Another program reads from the serial port %1 too, so answers go missing. Close that program and connect again.</source>
+        <translation>Auch ein anderes Programm liest von der seriellen Schnittstelle %1, sodass Antworten verloren gehen. Dieses Programm schließen und erneut verbinden.</translation>
+    </message>
 </context>
 <context>
     <name>RegisterView</name>

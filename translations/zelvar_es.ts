@@ -548,6 +548,10 @@
         <source>The connection to the serial port %1 was lost. Check the adapter and its cable, then connect again.</source>
         <translation>Se ha perdido la conexión con el puerto serie %1. Compruebe el adaptador y su cable y vuelva a conectar.</translation>
     </message>
+    <message>
+        <source>Another program reads from the serial port %1 too, so answers go missing. Close that program and connect again.</source>
+        <translation>Otro programa lee también del puerto serie %1, por lo que se pierden respuestas. Cierre ese programa y vuelva a conectar.</translation>
+    </message>
 </context>
 <context>
     <name>RegisterView</name>

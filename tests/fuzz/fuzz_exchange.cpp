@@ -1,3 +1,4 @@
+#include "serialport/busoperation.h"
 #include "serialport/exchange.h"
 #include "serialport/replylayout.h"
 #include "tests/fuzz/fuzzinput.h"
@@ -9,13 +10,11 @@ namespace {
 BusRequest makeRequest(FuzzInput &input)
 {
     BusRequest request;
-    request.operation = static_cast<BusRequest::Operation>(input.byte() % 4);
+    request.operation = static_cast<BusRequest::Operation>(input.byte() % 16);
     request.id = input.byte() % (wire::MaximumId + 1);
     request.address = input.byte();
-    if (request.operation == BusRequest::Operation::Read)
-        request.length = input.byte();
-    if (request.operation == BusRequest::Operation::Write)
-        request.data = input.bytes(64) + 'x';
+    request.length = input.byte();
+    request.data = input.bytes(64) + 'x';
     return request;
 }
 
@@ -30,14 +29,16 @@ QByteArray makeAnswer(FuzzInput &input, const BusRequest &request)
     return wire::protocol1::encode(id, error, data.left(wire::protocol1::MaximumParameters));
 }
 
-void checkReply(const Exchange &exchange)
+void checkAnswer(const Exchange &exchange, Exchange::Progress progress)
 {
-    const BusRequest &request = exchange.request();
-    const bool isRead = request.operation == BusRequest::Operation::Read;
-    const QByteArray reply = exchange.reply();
-    require(exchange.answeredIn().has_value());
-    require(reply.size() == (isRead ? request.length + replylayout::ReadOverhead : 6));
-    require(isRead || static_cast<quint8>(reply[2]) == request.id);
+    require(exchange.answer().has_value());
+    const wire::Packet &answer = *exchange.answer();
+    const int size = exchange.operation().in(answer.framing).answerSize(exchange.request());
+    require(answer.id == exchange.request().id);
+    if (progress == Exchange::Progress::Answered)
+        require(answer.parameters.size() == size);
+    else
+        require(answer.parameters.isEmpty() && (replylayout::errorByte(answer) & ~wire::AlertBit) != wire::NoError);
 }
 
 } // namespace
@@ -47,6 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
     constexpr int MostTransmissions = 3; // both framings, and waiting once for an answer that has begun
     FuzzInput input(bytes, size);
     const BusRequest request = makeRequest(input);
+    if (!BusOperation::isPossible(request))
+        return 0;
     const Framing first = input.byte() % 2 ? Framing::Protocol1 : Framing::Protocol2;
     const std::optional<Framing> knowledge[] = {std::nullopt, Framing::Protocol1, Framing::Protocol2};
     const auto known = knowledge[input.byte() % 3];
@@ -69,10 +72,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
                               : event == 1 ? exchange.take(makeAnswer(input, request))
                               : event == 2 ? exchange.take(sent.packet) // the echo of a half-duplex adapter
                                            : Exchange::Progress::Waiting;
-        if (progress == Exchange::Progress::Answered)
-            checkReply(exchange);
-        if (progress != Exchange::Progress::Waiting)
+        if (progress != Exchange::Progress::Waiting) {
+            checkAnswer(exchange, progress);
             return 0;
+        }
     }
     return 0;
 }

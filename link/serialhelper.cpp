@@ -1,6 +1,7 @@
 #include "link/serialhelper.h"
 
 #include "model/baudrates.h"
+#include "serialport/replybytes.h"
 #include "serialport/zelvarserialportinterface.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 namespace {
 
 constexpr unsigned char ProtocolGeneration = 2; // spoken first
-constexpr uint8_t ReadReplyOverhead = 11;
-constexpr uint8_t ShortReplySize = 6;
 
 constexpr int UnknownBaudRateCode = 1; // 1 Mbit/s
 
@@ -50,26 +49,26 @@ std::vector<std::shared_ptr<SerialPortItem>> SerialHelper::getSerialPortList()
 
 bool SerialHelper::readData(uint8_t id, uint8_t address, uint8_t length, std::function<void(QByteArray)> callback)
 {
-    expectReply(static_cast<uint8_t>(length + ReadReplyOverhead), std::move(callback));
+    expectReply(static_cast<uint8_t>(length + replybytes::ReadOverhead), std::move(callback));
     return m_serialInterface->readData(id, address, length, [this] { onReadyRead(); });
 }
 
 bool SerialHelper::writeData(uint8_t id, uint8_t address, const QByteArray &data,
                              std::function<void(QByteArray)> callback)
 {
-    expectReply(ShortReplySize, std::move(callback));
+    expectReply(replybytes::ShortSize, std::move(callback));
     return m_serialInterface->writeData(id, address, data, [this] { onWriteReady(); });
 }
 
 bool SerialHelper::reboot(uint8_t id, std::function<void(QByteArray)> callback)
 {
-    expectReply(ShortReplySize, std::move(callback));
+    expectReply(replybytes::ShortSize, std::move(callback));
     return m_serialInterface->reboot(id, [this] { onReadyRead(); });
 }
 
 bool SerialHelper::reset(uint8_t id, std::function<void(QByteArray)> callback)
 {
-    expectReply(ShortReplySize, std::move(callback));
+    expectReply(replybytes::ShortSize, std::move(callback));
     return m_serialInterface->reset(id, [this] { onReadyRead(); });
 }
 
@@ -90,6 +89,11 @@ int SerialHelper::baudRateIndex(int registerValue)
 int SerialHelper::baudRateOf(int registerValue)
 {
     return model::baudRateOf(registerValue);
+}
+
+ServoBus *SerialHelper::bus() const
+{
+    return m_serialInterface->bus();
 }
 
 void SerialHelper::queueRequest(uint8_t, uint8_t, QByteArray, std::function<void(QByteArray)>) {}

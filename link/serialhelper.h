@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class ServoBus;
 class ZelvarSerialPortInterface;
 
 /**
@@ -37,7 +38,7 @@ public:
 
     /**
      * Reads @p length registers from @p address; @p callback gets the reply of @p length + 11 bytes (error byte at
-     * 8, data from 9) and must not be empty. @return whether the library took the request.
+     * 8, data from 9; serialport/replybytes.h) and must not be empty. @return whether the library took the request.
      */
     bool readData(uint8_t id, uint8_t address, uint8_t length, std::function<void(QByteArray)> callback);
     /** Writes @p data from @p address. @p callback is kept but never called: nobody waits for writes. */
@@ -54,7 +55,10 @@ public:
     /** The baud rate, in bits per second, that register code @p registerValue stands for; 0 when no entry has it. */
     static int baudRateOf(int registerValue);
 
-    // Declared for callers that drive the link through the meta-object system; they carry no behaviour.
+    /** The bus behind the port, for who wants a result of each request; its port is this object's. Never null. */
+    ServoBus *bus() const;
+
+    // Part of the class's fixed interface: they do nothing, and nobody calls them.
     Q_INVOKABLE void queueRequest(uint8_t id, uint8_t address, QByteArray data,
                                   std::function<void(QByteArray)> groupCallback);
     Q_INVOKABLE void startScheduler(int interval);

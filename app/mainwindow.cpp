@@ -1,6 +1,9 @@
 #include "app/mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include "app/boxes.h"
+#include "app/linkline.h"
+#include "app/linkreporter.h"
 #include "app/polltarget.h"
 #include "app/screenfit.h"
 #include "controllers/inputmodecontroller.h"
@@ -13,6 +16,9 @@
 #include "link/serialhelper.h"
 #include "link/uischeduler.h"
 #include "search/searchdialog.h"
+#include "serialport/replybytes.h"
+#include "serialport/servobus.h"
+#include "session/applyproof.h"
 #include "session/connection.h"
 #include "settings/settings.h"
 #include "settings/settingsdialog.h"
@@ -23,6 +29,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPixmapCache>
 #include <QPointer>
@@ -34,6 +41,7 @@
 #include <QWhatsThis>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 // Outside any namespace, since that is where the resource compiler puts what this calls.
@@ -67,11 +75,10 @@ constexpr NumberRange ServoId{0, 253, 0};
  */
 constexpr int PixmapCacheLimit = 1024;
 
-constexpr int CloseDelay = 100; // ms: lets an exchange under way finish
+/** Where an AX-12 is after a factory reset, which leaves it neither id nor baud rate. */
+constexpr session::ServoAddress FactoryAx12{1, 1000000};
 
-// Where a reply to a reboot or factory reset has the servo's id and the error byte
-constexpr int ReplyIdIndex = 2;
-constexpr int ReplyErrorIndex = 4;
+constexpr int CloseDelay = 100; // ms: lets an exchange under way finish
 
 ModeDependencies makeModeDependencies()
 {
@@ -137,6 +144,8 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     bindConnectionMachinery();
     setLinkUp(false);
     fillToolBar();
+    fillMenus();
+    addLinkLine();
     makeConnections();
     addAction(QWhatsThis::createAction(this)); // in no menu: Shift+F1 calls it
     restoreWindow();
@@ -147,6 +156,8 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
+    m_reporter.reset();
+    m_proof.reset();
     m_connection.reset();
     m_scheduler.reset();
     m_pollTarget.reset();
@@ -178,6 +189,8 @@ void MainWindow::timerEvent(QTimerEvent *event)
     }
     m_serialHelper->closeSerialPort();
     killTimer(std::exchange(m_closeTimerId, 0));
+    if (m_connection->isUp())
+        m_connection->portClosed(); // of a connection that was made before this timer fired
 }
 
 void MainWindow::on_actionConnect_triggered()
@@ -188,11 +201,13 @@ void MainWindow::on_actionConnect_triggered()
     auto &groups = ProcessWide<UiGroupHelper>::instance();
     groups->linkUp();
     m_registerView->connectDevice();
-    m_connection->begin({servoId, m_settingsDialog->portSettings().baudRate});
+    const auto port = m_settingsDialog->portSettings();
+    m_reporter->setPortName(port.portName);
+    m_connection->begin({servoId, port.baudRate});
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
     setLinkUp(true);
     // Last, so that everything is there when the answer comes, however soon that is.
-    ProcessWide<DeviceHelper>::instance()->identify(servoId);
+    identify();
 }
 
 void MainWindow::on_actionDisconnect_triggered()
@@ -258,7 +273,8 @@ void MainWindow::bindConnectionMachinery()
         registerHelper = std::make_shared<UiRegisterHelper>();
     m_registerHelper = registerHelper;
     m_pollTarget = std::make_unique<PollTarget>(m_registerHelper);
-    m_connection = std::make_unique<session::Connection>(m_registerHelper->image());
+    m_connection = std::make_unique<session::Connection>(m_registerHelper->image(), m_serialHelper->bus());
+    m_proof = std::make_unique<session::ApplyProof>(*m_connection, *m_serialHelper->bus(), m_registerHelper->image());
 }
 
 void MainWindow::fillToolBar()
@@ -284,6 +300,35 @@ void MainWindow::fillToolBar()
         more->setAccessibleName(tr("More"));
 }
 
+/** What is not in the form: the menus "Servo" and "View" hold what would else be in the tool bar only. */
+void MainWindow::fillMenus()
+{
+    QAction *help = m_ui->menuHelp->menuAction();
+    auto *servo = new QMenu(tr("&Servo"), this);
+    servo->setObjectName(QStringLiteral("menuServo"));
+    m_undo = servo->addAction(tr("&Undo the last Apply"), this, &MainWindow::undoLastApply);
+    m_undo->setObjectName(QStringLiteral("actionUndo"));
+    servo->addSeparator();
+    servo->addActions({m_ui->actionSearch, m_ui->actionReboot, m_ui->actionReset});
+    servo->addSeparator();
+    servo->addAction(m_ui->actionSettings);
+    m_ui->menuBar->insertMenu(help, servo);
+
+    auto *view = new QMenu(tr("&View"), this);
+    view->setObjectName(QStringLiteral("menuView"));
+    QAction *toolBar = m_ui->toolBar->toggleViewAction();
+    toolBar->setText(tr("&Tool bar"));
+    view->addAction(toolBar);
+    m_ui->menuBar->insertMenu(help, view);
+}
+
+void MainWindow::addLinkLine()
+{
+    m_linkLine = new LinkLine(this);
+    m_ui->statusBar->addPermanentWidget(m_linkLine);
+    m_reporter = std::make_unique<LinkReporter>(*this, *m_ui->tabWidget, *m_connection, *m_proof, *m_linkLine);
+}
+
 void MainWindow::makeConnections()
 {
     connect(m_pollingIntervalSpinBox.get(), SIGNAL(valueChanged(int)), this,
@@ -295,6 +340,10 @@ void MainWindow::makeConnections()
     connect(m_searchDialog.get(), SIGNAL(updateBaudRate(int)), m_settingsDialog.get(), SLOT(on_updateBaudRate(int)));
     connect(m_searchDialog.get(), SIGNAL(updateId(int)), this, SLOT(on_updateId(int)));
     connect(m_connection.get(), &session::Connection::stateChanged, this, &MainWindow::onStateChanged);
+    connect(m_connection.get(), &session::Connection::identificationDue, this, &MainWindow::identify);
+    connect(m_proof.get(), &session::ApplyProof::read, this, &MainWindow::onProofRead);
+    connect(ProcessWide<UiGroupHelper>::instance().get(), &UiGroupHelper::addQueueRequest, m_proof.get(),
+            &session::ApplyProof::expect);
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
@@ -320,8 +369,13 @@ bool MainWindow::openPort()
         m_isPortReleased = false;
         return true;
     }
-    QMessageBox::critical(this, tr("Error"), error, QMessageBox::Ok);
+    boxes::show(this, QMessageBox::Critical, tr("Error"), error);
     return false;
+}
+
+void MainWindow::identify()
+{
+    ProcessWide<DeviceHelper>::instance()->identify(static_cast<uint8_t>(m_connection->address().id));
 }
 
 void MainWindow::onDeviceLoaded()
@@ -351,9 +405,28 @@ void MainWindow::onStateChanged(session::State state, session::State before)
             onAnswersBack();
         return;
     case session::State::Identifying:
+    case session::State::Unanswered:
+    case session::State::PortClosed:
     case session::State::Disconnected:
-        return; // Connect and Disconnect see to what is shown
+        return; // the link line tells, and Connect and Disconnect see to what is shown
     }
+}
+
+void MainWindow::onProofRead(const QByteArray &registers)
+{
+    m_pollTarget->take(registers);
+    UiScheduler::passOn(registers, *m_pollTarget);
+}
+
+void MainWindow::undoLastApply()
+{
+    if (!m_proof->canUndo()) {
+        m_linkLine->tell(tr("not undone: the servo has other values by now"));
+        return;
+    }
+    const session::Block block = m_proof->undo();
+    Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(block.address, block.data);
+    m_registerHelper->assumeWritten(block.address, block.data);
 }
 
 void MainWindow::onAnswersBack()
@@ -388,7 +461,7 @@ void MainWindow::onConnectionLost(const QString &reason)
         return; // nobody uses it any more
     if (isConnected)
         on_actionDisconnect_triggered();
-    QMessageBox::critical(this, tr("Error"), reason, QMessageBox::Ok);
+    boxes::show(this, QMessageBox::Critical, tr("Error"), reason);
 }
 
 void MainWindow::setLinkUp(bool up)
@@ -408,17 +481,47 @@ void MainWindow::run(const OneShotOperation &operation)
 {
     if (!openPort())
         return;
-    const auto showResult = [this, operation](const QByteArray &reply) {
-        m_serialHelper->closeSerialPort(); // not to be held for as long as the box is read
-        const QString servoId = QString::number(static_cast<quint8>(reply[ReplyIdIndex]));
-        if (reply[ReplyErrorIndex] != 0)
-            QMessageBox::critical(this, tr("Error"), operation.failed.arg(servoId), QMessageBox::Ok);
-        else
-            QMessageBox::information(this, tr("Success"), operation.succeeded.arg(servoId), QMessageBox::Ok);
-    };
+    BusResult result;
+    const auto keepResult = [&result](const BusRequest &, const BusResult &ended) { result = ended; };
+    const auto watch = connect(m_serialHelper->bus(), &ServoBus::requestFinished, this, keepResult);
+    std::optional<QByteArray> reply;
+    const auto keepReply = [&reply](const QByteArray &bytes) { reply = bytes; };
     DeviceHelper &device = *ProcessWide<DeviceHelper>::instance();
-    if (!(device.*operation.start)(static_cast<uint8_t>(m_idSpinBox->value()), showResult))
-        QMessageBox::critical(this, tr("Error"), operation.refused, QMessageBox::Ok);
+    const auto servoId = static_cast<uint8_t>(m_idSpinBox->value());
+    const bool isAccepted = (device.*operation.start)(servoId, keepReply);
+    disconnect(watch);
+    if (!isAccepted)
+        boxes::show(this, QMessageBox::Critical, tr("Error"), operation.refused);
+    else if (reply)
+        showResult(operation, *reply, result);
+    else
+        tellNoAnswer(servoId);
+}
+
+void MainWindow::showResult(const OneShotOperation &operation, const QByteArray &reply, const BusResult &result)
+{
+    const QString servoId = QString::number(static_cast<quint8>(reply[replybytes::ShortId]));
+    if (reply[replybytes::ShortError] != 0) {
+        boxes::show(this, QMessageBox::Critical, tr("Error"), operation.failed.arg(servoId));
+        return;
+    }
+    const bool isFirstFraming = !result.answer.raw.isEmpty() && result.answer.framing == wire::Framing::Protocol1;
+    if (operation.start == &DeviceHelper::factoryReset && isFirstFraming) {
+        takeOverAddress(FactoryAx12);
+        m_linkLine->tell(tr("the AX-12 is now servo %1 at %2 baud").arg(FactoryAx12.id).arg(FactoryAx12.baudRate));
+    }
+    boxes::show(this, QMessageBox::Information, tr("Success"), operation.succeeded.arg(servoId));
+}
+
+void MainWindow::tellNoAnswer(int servoId)
+{
+    const auto port = m_settingsDialog->portSettings();
+    boxes::show(this, QMessageBox::Critical, tr("Error"),
+                tr("Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud "
+                   "rate; Search finds servos at other ones.")
+                    .arg(servoId)
+                    .arg(port.baudRate)
+                    .arg(port.portName));
 }
 
 void MainWindow::releaseHelpers()

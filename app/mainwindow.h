@@ -4,7 +4,10 @@
 
 #include <memory>
 
+class LinkLine;
+class LinkReporter;
 class PollTarget;
+class QAction;
 class QLabel;
 class QSpinBox;
 class RegisterView;
@@ -14,12 +17,14 @@ class Settings;
 class SettingsDialog;
 class UiRegisterHelper;
 class UiScheduler;
+struct BusResult;
 
 namespace Ui {
 class MainWindow;
 }
 
 namespace session {
+class ApplyProof;
 class Connection;
 enum class State;
 struct ServoAddress;
@@ -62,10 +67,15 @@ private:
     void addViews();
     void bindConnectionMachinery();
     void fillToolBar();
+    void fillMenus();
+    void addLinkLine();
     void makeConnections();
     void restoreWindow();
     bool openPort();
     void onDeviceLoaded();
+    void identify();
+    void onProofRead(const QByteArray &registers);
+    void undoLastApply();
     void onStateChanged(session::State state, session::State before);
     void onAnswersBack();
     void onServoMoved();
@@ -73,6 +83,8 @@ private:
     void onConnectionLost(const QString &reason);
     void setLinkUp(bool up);
     void run(const OneShotOperation &operation);
+    void showResult(const OneShotOperation &operation, const QByteArray &reply, const BusResult &result);
+    void tellNoAnswer(int servoId);
     void releaseHelpers();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
@@ -89,6 +101,10 @@ private:
     std::unique_ptr<PollTarget> m_pollTarget;
     std::shared_ptr<UiScheduler> m_scheduler;
     std::unique_ptr<session::Connection> m_connection;
+    std::unique_ptr<session::ApplyProof> m_proof;
+    LinkLine *m_linkLine = nullptr; ///< a child
+    std::unique_ptr<LinkReporter> m_reporter;
+    QAction *m_undo = nullptr;    ///< a child
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user
 };

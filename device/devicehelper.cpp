@@ -5,6 +5,8 @@
 #include "link/processwide.h"
 #include "link/serialhelper.h"
 #include "model/families.h"
+#include "model/littleendian.h"
+#include "serialport/replybytes.h"
 
 #include <QPointer>
 
@@ -12,17 +14,12 @@
 
 namespace {
 
-// Where a 1.0 status packet has its first parameters. In a 2.0 reply these are the two bytes of the
-// packet's length, which is never 12 for a read of two bytes.
-constexpr int ModelNumberLowIndex = 5;
-constexpr int ModelNumberHighIndex = 6;
-
-constexpr char Ax12ModelNumber = 12;
-
 bool isFromAx12(const QByteArray &reply)
 {
-    return reply.size() > ModelNumberHighIndex && reply.at(ModelNumberLowIndex) == Ax12ModelNumber &&
-           reply.at(ModelNumberHighIndex) == 0;
+    if (reply.size() < replybytes::ReadFamily + 2)
+        return false;
+    const auto *bytes = reinterpret_cast<const quint8 *>(reply.constData()) + replybytes::ReadFamily;
+    return &model::familyOf(quint16(model::littleEndian(bytes, 2))) == &model::DynamixelAx12Family;
 }
 
 } // namespace

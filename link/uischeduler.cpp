@@ -4,6 +4,7 @@
 #include "link/lookup.h"
 #include "link/serialhelper.h"
 #include "model/littleendian.h"
+#include "serialport/replybytes.h"
 
 #include <QPointer>
 #include <QTimerEvent>
@@ -13,16 +14,13 @@
 
 namespace {
 
-constexpr int CursorEnd = 120;    // the poll map covers the registers below it
-constexpr int ErrorByteIndex = 8; // of a read reply
-constexpr int DataIndex = 9;      // where register 0 stands in a read reply
-constexpr int ReadOverhead = 11;  // bytes of a read reply beside the registers
+constexpr int CursorEnd = 120; // the poll map covers the registers below it
 
-/** The little-endian value of up to @p size bytes of @p reply from @p index; bytes past its end count as absent. */
-quint32 assembled(const QByteArray &reply, int index, int size)
+/** The little-endian value of up to @p size bytes of @p bytes from @p index; bytes past its end count as absent. */
+quint32 assembled(const QByteArray &bytes, int index, int size)
 {
-    const int present = std::clamp(reply.size() - index, 0, size);
-    return present == 0 ? 0 : model::littleEndian(reinterpret_cast<const quint8 *>(reply.constData()) + index, present);
+    const int present = std::clamp(bytes.size() - index, 0, size);
+    return present == 0 ? 0 : model::littleEndian(reinterpret_cast<const quint8 *>(bytes.constData()) + index, present);
 }
 
 } // namespace
@@ -93,12 +91,18 @@ void UiScheduler::poll()
 
 void UiScheduler::groupCallback(const QByteArray &reply)
 {
-    m_target.take(reply.mid(DataIndex, reply.size() - ReadOverhead));
-    for (const auto &[address, item] : m_target.registerBindings()) {
-        const quint32 value = assembled(reply, DataIndex + address, item->size);
-        item->handler(static_cast<qint32>(value));
-        m_target.updateRegister(address, item->size, value);
-    }
-    m_target.updateStatus(reply.size() > ErrorByteIndex ? static_cast<qint8>(reply[ErrorByteIndex]) : qint8(0));
+    m_target.take(reply.mid(replybytes::ReadData, reply.size() - replybytes::ReadOverhead));
+    passOn(reply.mid(replybytes::ReadData), m_target);
+    const bool hasError = reply.size() > replybytes::ReadError;
+    m_target.updateStatus(hasError ? static_cast<qint8>(reply[replybytes::ReadError]) : qint8(0));
     Q_EMIT replyReceived();
+}
+
+void UiScheduler::passOn(const QByteArray &registers, IPollTarget &target)
+{
+    for (const auto &[address, item] : target.registerBindings()) {
+        const quint32 value = assembled(registers, address, item->size);
+        item->handler(static_cast<qint32>(value));
+        target.updateRegister(address, item->size, value);
+    }
 }

@@ -33,6 +33,9 @@ public:
 
     uint8_t servoId() const { return m_servoId; }
 
+    /** Passes each value of @p registers, which were read from address 0 on, to @p target. */
+    static void passOn(const QByteArray &registers, IPollTarget &target);
+
 Q_SIGNALS:
     /** A poll's reply has been taken apart. */
     void replyReceived();

@@ -52,4 +52,17 @@ qint32 RawScale::toRaw(double physical) const
     return truncated(m_rawOrigin + double(m_rawSpan) * (physical - m_physicalOrigin) / m_physicalSpan);
 }
 
+int stepDecimals(const Range &range)
+{
+    constexpr int MaxDecimals = 9;
+    // Far below what counts, far above the rounding of double arithmetic.
+    constexpr double Noise = 1e-6;
+    const double rawSpan = double(range.rawMax) - range.rawMin;
+    const double step = rawSpan == 0.0 ? 1.0 : (range.physicalMax - range.physicalMin) / rawSpan;
+    int digits = 0;
+    for (double scaled = step; digits < MaxDecimals && std::abs(scaled - std::round(scaled)) > Noise; scaled *= 10.0)
+        ++digits;
+    return digits;
+}
+
 } // namespace model

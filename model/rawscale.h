@@ -32,4 +32,7 @@ private:
     double m_physicalSpan = 0.0;
 };
 
+/** Decimals that show each step of @p range, nine at most. */
+int stepDecimals(const Range &range);
+
 } // namespace model

@@ -2,6 +2,7 @@
 
 #include "link/uischeduler.h"
 #include "model/baudrates.h"
+#include "serialport/servobus.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int MissedPolls = 3;
 constexpr std::chrono::milliseconds LeastSilence{1000};
+constexpr std::chrono::milliseconds IdentificationPatience{1000};
 
 /** Whether servo and port, set to these nominal rates, would not understand each other. */
 bool areApart(int baudRate, int portRate)
@@ -22,9 +24,11 @@ bool areApart(int baudRate, int portRate)
 
 } // namespace
 
-Connection::Connection(std::shared_ptr<const model::RegisterImage> image, Clock &clock)
-    : m_image(std::move(image)), m_silence(clock.makeAlarm(*this, [this] { onSilence(); }))
+Connection::Connection(std::shared_ptr<const model::RegisterImage> image, ServoBus *bus, Clock &clock)
+    : m_image(std::move(image)), m_clock(clock), m_alarm(clock.makeAlarm(*this, [this] { onAlarm(); }))
 {
+    if (bus)
+        connect(bus, &ServoBus::requestFinished, this, &Connection::onRequestFinished);
 }
 
 Connection::~Connection() = default;
@@ -33,6 +37,8 @@ void Connection::begin(const ServoAddress &address)
 {
     stopFollowing();
     m_address = m_servoAddress = address;
+    m_quality.reset();
+    m_alarm->start(IdentificationPatience);
     enter(State::Identifying);
 }
 
@@ -44,8 +50,14 @@ void Connection::follow(UiScheduler &scheduler, const model::Family &family, int
     m_patience = std::max(std::chrono::milliseconds(MissedPolls * pollingInterval), LeastSilence);
     connect(&scheduler, &UiScheduler::replyReceived, this, &Connection::onReply);
     connect(&scheduler, &UiScheduler::writeSent, this, &Connection::onWriteSent);
-    m_silence->start(m_patience);
+    m_alarm->start(m_patience);
     enter(State::Connected);
+}
+
+void Connection::portClosed()
+{
+    stopFollowing();
+    enter(State::PortClosed);
 }
 
 void Connection::end()
@@ -63,7 +75,7 @@ void Connection::enter(State state)
 
 void Connection::stopFollowing()
 {
-    m_silence->stop();
+    m_alarm->stop();
     if (m_scheduler)
         m_scheduler->disconnect(this);
     m_scheduler = nullptr;
@@ -71,21 +83,49 @@ void Connection::stopFollowing()
 
 void Connection::onReply()
 {
-    m_silence->start(m_patience);
+    m_alarm->start(m_patience);
     // A servo that was to move and still answers at the old address has refused to.
     m_servoAddress = m_address;
     enter(State::Connected);
     Q_EMIT polled(*m_image);
 }
 
-void Connection::onSilence()
+void Connection::onAlarm()
 {
-    if (m_state != State::Moved) // which has told why already
-        enter(State::Silent);
+    if (m_scheduler) {
+        if (m_state != State::Moved) // which has told why already
+            enter(State::Silent);
+        return;
+    }
+    m_alarm->start(IdentificationPatience);
+    enter(State::Unanswered);
+    Q_EMIT identificationDue();
+}
+
+void Connection::onRequestFinished(const BusRequest &request, const BusResult &result)
+{
+    if (request.id != m_address.id)
+        return;
+    const bool isRead = request.operation == BusRequest::Operation::Read;
+    if (request.operation == BusRequest::Operation::Write)
+        Q_EMIT written({request.address, request.data, result});
+    else if (isRead && m_scheduler && request.length == m_family->tableSize)
+        onPollEnded(result);
+}
+
+void Connection::onPollEnded(const BusResult &result)
+{
+    m_quality.add(result, m_clock.now());
+    Q_EMIT qualityChanged();
+    if (result.outcome != BusResult::Outcome::Refused)
+        return;
+    m_alarm->start(m_patience); // it is there
+    enter(State::Refusing);
 }
 
 void Connection::onWriteSent(uint8_t address, const QByteArray &data)
 {
+    Q_EMIT writeSent(address, data);
     const ServoAddress after = addressAfter(address, data);
     if (after == m_address)
         return;

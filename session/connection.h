@@ -1,7 +1,9 @@
 #pragma once
 
 #include "model/registerimage.h"
+#include "serialport/busrequest.h"
 #include "serialport/clock.h"
+#include "session/linkquality.h"
 #include "session/servoaddress.h"
 
 #include <QByteArray>
@@ -12,17 +14,28 @@
 #include <cstdint>
 #include <memory>
 
+class ServoBus;
 class UiScheduler;
 
 namespace session {
 
+/** What became of a write. */
+struct WriteOutcome
+{
+    quint8 address; ///< first register
+    QByteArray data;
+    BusResult result;
+};
+
 enum class State {
     Disconnected,
     Identifying, ///< the port is open, and the servo has not told its model yet
+    Unanswered,  ///< nobody has answered for a second; the servo is asked for its model each second
     Connected,   ///< polls are answered
     Silent,      ///< no poll has been answered for three intervals and at least a second
     Refusing,    ///< the servo answers polls with an error in place of its registers
     Moved,       ///< a block that was applied has given the servo another id or baud rate
+    PortClosed,  ///< the port was closed although the user wants the connection
 };
 
 /**
@@ -36,9 +49,11 @@ class Connection : public QObject
 public:
     /**
      * @param image what the polls keep; handed on with each poll.
+     * @param bus tells what becomes of polls and writes; without one nobody does. Must live as long.
      * @param clock must outlive the connection.
      */
-    explicit Connection(std::shared_ptr<const model::RegisterImage> image, Clock &clock = SystemClock::instance());
+    explicit Connection(std::shared_ptr<const model::RegisterImage> image, ServoBus *bus = nullptr,
+                        Clock &clock = SystemClock::instance());
     ~Connection() override;
 
     State state() const { return m_state; }
@@ -53,19 +68,34 @@ public:
     void begin(const ServoAddress &address);
     /** The servo is of @p family, and @p scheduler polls it every @p pollingInterval milliseconds from now on. */
     void follow(UiScheduler &scheduler, const model::Family &family, int pollingInterval);
+    /** The port has been closed for an earlier connection's sake. */
+    void portClosed();
     /** The user has ended the connection, or the port is lost. */
     void end();
 
+    /** How well the polls get through. */
+    const LinkQuality &quality() const { return m_quality; }
+
 Q_SIGNALS:
     void stateChanged(session::State state, session::State before);
+    /** Nobody has told a model for a second: time to ask once more. */
+    void identificationDue();
+    /** A poll of any fate has ended. */
+    void qualityChanged();
     /** A poll was answered: @p image has what it brought, and the controls show it. */
     void polled(const model::RegisterImage &image);
+    /** A block that was applied is on its way. */
+    void writeSent(quint8 address, const QByteArray &data);
+    /** A write to the servo has ended, whoever made it; it may be over after the connection. */
+    void written(const session::WriteOutcome &outcome);
 
 private:
     void enter(State state);
     void stopFollowing();
     void onReply();
-    void onSilence();
+    void onAlarm();
+    void onRequestFinished(const BusRequest &request, const BusResult &result);
+    void onPollEnded(const BusResult &result);
     void onWriteSent(uint8_t address, const QByteArray &data);
     ServoAddress addressAfter(uint8_t address, const QByteArray &data) const;
 
@@ -75,8 +105,10 @@ private:
     ServoAddress m_servoAddress;
     const model::Family *m_family = nullptr;
     QPointer<UiScheduler> m_scheduler;
+    LinkQuality m_quality;
     std::chrono::milliseconds m_patience{0};
-    std::unique_ptr<Clock::Alarm> m_silence;
+    Clock &m_clock;
+    std::unique_ptr<Clock::Alarm> m_alarm; ///< of an answer that is missing
 };
 
 } // namespace session

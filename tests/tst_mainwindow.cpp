@@ -201,10 +201,12 @@ private Q_SLOTS:
             const bool isReboot = name == "reboot";
             const QString done =
                 isReboot ? servo + " was rebooted successfully" : "Factory reset of " + servo + " was successful";
+            const QString silent = "Servo 200 did not answer at 1000000 baud on PORT. Check its supply, the cable, its address "
+                                   "and its baud rate; Search finds servos at other ones.";
             // clang-format off
             const std::tuple<const char *, QByteArray, QStringList> rows[] = {
                 {"refused",    {},   {BoxWatcher::critical("Error occurred during " + name + " operation")}},
-                {"unanswered", {},   {}},
+                {"unanswered", {},   {BoxWatcher::critical(silent)}},
                 {"failed",     bad,  {BoxWatcher::critical("Error during " + name + " of " + servo)}},
                 {"done",       good, {BoxWatcher::success(done)}},
             };
@@ -216,7 +218,9 @@ private Q_SLOTS:
                 fixture.port->acceptsRequests = QByteArray(outcome) != "refused";
                 fixture.port->immediateReply = answer;
                 fixture.trigger(isReboot ? "actionReboot" : "actionReset");
-                QCOMPARE(fixture.watcher.boxes, boxes);
+                QStringList expected = boxes;
+                expected.replaceInStrings("PORT", SettingsDialog::instance()->portSettings().portName);
+                QCOMPARE(fixture.watcher.boxes, expected);
                 QCOMPARE(fixture.port->calls[1].operation, QString(isReboot ? "reboot" : "reset"));
                 QCOMPARE(fixture.port->calls[1].id, 200);
                 QCOMPARE(fixture.port->operations().last(), QString("close"));

@@ -2,6 +2,97 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ApplyText</name>
+    <message>
+        <source>process failure: the servo could not carry it out; reboot it and try again</source>
+        <translation>Ausführungsfehler: der Servo konnte es nicht ausführen; starten Sie ihn neu und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>instruction error: the servo does not know this instruction; is it another model?</source>
+        <translation>Befehlsfehler: der Servo kennt diesen Befehl nicht; ist es ein anderes Modell?</translation>
+    </message>
+    <message>
+        <source>checksum error: the line garbles packets; check cable and supply</source>
+        <translation>Prüfsummenfehler: die Leitung verfälscht Pakete; prüfen Sie Kabel und Versorgung</translation>
+    </message>
+    <message>
+        <source>data range error: a value is outside what the servo takes; compare each with its range</source>
+        <translation>Datenbereichsfehler: ein Wert liegt außerhalb dessen, was der Servo annimmt; vergleichen Sie jeden mit seinem Bereich</translation>
+    </message>
+    <message>
+        <source>data length error: the servo takes no block of this length; is it another model?</source>
+        <translation>Datenlängenfehler: der Servo nimmt keinen Block dieser Länge an; ist es ein anderes Modell?</translation>
+    </message>
+    <message>
+        <source>data limit error: a value is beyond one of the servo&apos;s limits; change the limit first</source>
+        <translation>Datengrenzfehler: ein Wert überschreitet eine der Grenzen des Servos; ändern Sie zuerst die Grenze</translation>
+    </message>
+    <message>
+        <source>access error: turn the motor off first</source>
+        <translation>Zugriffsfehler: schalten Sie zuerst den Motor aus</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>applied: %1 %2</source>
+        <translation>angewendet: %1 %2</translation>
+    </message>
+    <message>
+        <source>applied: %1 values</source>
+        <translation>angewendet: %1 Werte</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Wanted</source>
+        <translation>Gewünscht</translation>
+    </message>
+    <message>
+        <source>The servo has</source>
+        <translation>Der Servo hat</translation>
+    </message>
+    <message>
+        <source>not sent before the connection ended: %1</source>
+        <translation>nicht gesendet, bevor die Verbindung endete: %1</translation>
+    </message>
+    <message>
+        <source>not sent before the connection ended: %1 values</source>
+        <translation>nicht gesendet, bevor die Verbindung endete: %1 Werte</translation>
+    </message>
+    <message>
+        <source>error number %1, which the servo&apos;s family does not have</source>
+        <translation>Fehlernummer %1, die es in der Familie des Servos nicht gibt</translation>
+    </message>
+    <message>
+        <source>The servo has not answered since, so that what it has is not known. Check its supply and the cable; what it has is shown as soon as it answers.</source>
+        <translation>Der Servo hat seither nicht geantwortet; was er hat, ist deshalb nicht bekannt. Prüfen Sie seine Versorgung und das Kabel; sobald er antwortet, wird gezeigt, was er hat.</translation>
+    </message>
+    <message>
+        <source>The servo refused it: %1.</source>
+        <translation>Der Servo hat es abgelehnt: %1.</translation>
+    </message>
+    <message>
+        <source>The servo acknowledged the values and did not keep those above. Read them again, and check whether something else changes them.</source>
+        <translation>Der Servo hat die Werte bestätigt und die obigen nicht behalten. Lesen Sie sie noch einmal, und prüfen Sie, ob etwas anderes sie ändert.</translation>
+    </message>
+    <message>
+        <source>The servo did not acknowledge the values. Check the cable and apply them again.</source>
+        <translation>Der Servo hat die Werte nicht bestätigt. Prüfen Sie das Kabel, und wenden Sie sie noch einmal an.</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>nicht bekannt</translation>
+    </message>
+</context>
+<context>
     <name>EditView</name>
     <message>
         <source>Realtime information</source>
@@ -360,6 +451,41 @@
     </message>
 </context>
 <context>
+    <name>LinkReporter</name>
+    <message>
+        <source>servo %1 · %2 baud · %3</source>
+        <translation>Servo %1 · %2 Baud · %3</translation>
+    </message>
+    <message>
+        <source>No answer from servo %1 at %2 baud on %3</source>
+        <translation>Keine Antwort von Servo %1 bei %2 Baud an %3</translation>
+    </message>
+    <message>
+        <source>It is asked again each second. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
+        <translation>Er wird jede Sekunde wieder gefragt. Prüfen Sie seine Versorgung, das Kabel, seine Adresse und seine Baudrate; die Suche findet Servos bei anderen.</translation>
+    </message>
+    <message>
+        <source>The port was closed by the Disconnect before: disconnect and connect again</source>
+        <translation>Der Anschluss wurde durch das Trennen davor geschlossen: trennen und wieder verbinden</translation>
+    </message>
+    <message>
+        <source>%1 polls a second; of the last hundred %2 % answered at once, %3 % when asked again, %4 % lost</source>
+        <translation>%1 Abfragen je Sekunde; von den letzten hundert %2 % sofort beantwortet, %3 % bei erneuter Frage, %4 % verloren</translation>
+    </message>
+    <message>
+        <source>weak link</source>
+        <translation>schwache Verbindung</translation>
+    </message>
+    <message>
+        <source>not applied</source>
+        <translation>nicht angewendet</translation>
+    </message>
+    <message>
+        <source>Not applied</source>
+        <translation>Nicht angewendet</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Zelvar Servo Manager</source>
@@ -516,6 +642,34 @@
     <message>
         <source>Servo %1 refuses to be read</source>
         <translation>Servo %1 verweigert das Lesen</translation>
+    </message>
+    <message>
+        <source>&amp;Servo</source>
+        <translation>&amp;Servo</translation>
+    </message>
+    <message>
+        <source>&amp;Undo the last Apply</source>
+        <translation>Letztes Anwenden &amp;rückgängig machen</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Tool bar</source>
+        <translation>&amp;Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>not undone: the servo has other values by now</source>
+        <translation>nicht rückgängig gemacht: der Servo hat inzwischen andere Werte</translation>
+    </message>
+    <message>
+        <source>the AX-12 is now servo %1 at %2 baud</source>
+        <translation>der AX-12 ist jetzt Servo %1 bei %2 Baud</translation>
+    </message>
+    <message>
+        <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
+        <translation>Servo %1 hat bei %2 Baud an %3 nicht geantwortet. Prüfen Sie seine Versorgung, das Kabel, seine Adresse und seine Baudrate; die Suche findet Servos bei anderen.</translation>
     </message>
 </context>
 <context>

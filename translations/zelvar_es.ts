@@ -2,6 +2,97 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>ApplyText</name>
+    <message>
+        <source>process failure: the servo could not carry it out; reboot it and try again</source>
+        <translation>fallo del proceso: el servo no pudo ejecutarlo; reinícielo e inténtelo de nuevo</translation>
+    </message>
+    <message>
+        <source>instruction error: the servo does not know this instruction; is it another model?</source>
+        <translation>error de instrucción: el servo no conoce esta instrucción; ¿es otro modelo?</translation>
+    </message>
+    <message>
+        <source>checksum error: the line garbles packets; check cable and supply</source>
+        <translation>error de suma de verificación: la línea altera los paquetes; compruebe el cable y la alimentación</translation>
+    </message>
+    <message>
+        <source>data range error: a value is outside what the servo takes; compare each with its range</source>
+        <translation>error de rango de datos: un valor está fuera de lo que acepta el servo; compare cada uno con su rango</translation>
+    </message>
+    <message>
+        <source>data length error: the servo takes no block of this length; is it another model?</source>
+        <translation>error de longitud de datos: el servo no acepta un bloque de esta longitud; ¿es otro modelo?</translation>
+    </message>
+    <message>
+        <source>data limit error: a value is beyond one of the servo&apos;s limits; change the limit first</source>
+        <translation>error de límite de datos: un valor supera uno de los límites del servo; cambie primero el límite</translation>
+    </message>
+    <message>
+        <source>access error: turn the motor off first</source>
+        <translation>error de acceso: apague primero el motor</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>encendido</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>apagado</translation>
+    </message>
+    <message>
+        <source>applied: %1 %2</source>
+        <translation>aplicado: %1 %2</translation>
+    </message>
+    <message>
+        <source>applied: %1 values</source>
+        <translation>aplicados: %1 valores</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Campo</translation>
+    </message>
+    <message>
+        <source>Wanted</source>
+        <translation>Deseado</translation>
+    </message>
+    <message>
+        <source>The servo has</source>
+        <translation>El servo tiene</translation>
+    </message>
+    <message>
+        <source>not sent before the connection ended: %1</source>
+        <translation>no enviado antes del fin de la conexión: %1</translation>
+    </message>
+    <message>
+        <source>not sent before the connection ended: %1 values</source>
+        <translation>no enviados antes del fin de la conexión: %1 valores</translation>
+    </message>
+    <message>
+        <source>error number %1, which the servo&apos;s family does not have</source>
+        <translation>número de error %1, que la familia del servo no tiene</translation>
+    </message>
+    <message>
+        <source>The servo has not answered since, so that what it has is not known. Check its supply and the cable; what it has is shown as soon as it answers.</source>
+        <translation>El servo no ha respondido desde entonces, por lo que no se sabe qué tiene. Compruebe su alimentación y el cable; en cuanto responda se mostrará lo que tiene.</translation>
+    </message>
+    <message>
+        <source>The servo refused it: %1.</source>
+        <translation>El servo lo rechazó: %1.</translation>
+    </message>
+    <message>
+        <source>The servo acknowledged the values and did not keep those above. Read them again, and check whether something else changes them.</source>
+        <translation>El servo confirmó los valores y no conservó los anteriores. Léalos de nuevo y compruebe si otra cosa los cambia.</translation>
+    </message>
+    <message>
+        <source>The servo did not acknowledge the values. Check the cable and apply them again.</source>
+        <translation>El servo no confirmó los valores. Compruebe el cable y aplíquelos de nuevo.</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>no se sabe</translation>
+    </message>
+</context>
+<context>
     <name>EditView</name>
     <message>
         <source>Realtime information</source>
@@ -360,6 +451,41 @@
     </message>
 </context>
 <context>
+    <name>LinkReporter</name>
+    <message>
+        <source>servo %1 · %2 baud · %3</source>
+        <translation>servo %1 · %2 baudios · %3</translation>
+    </message>
+    <message>
+        <source>No answer from servo %1 at %2 baud on %3</source>
+        <translation>Sin respuesta del servo %1 a %2 baudios en %3</translation>
+    </message>
+    <message>
+        <source>It is asked again each second. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
+        <translation>Se le pregunta de nuevo cada segundo. Compruebe su alimentación, el cable, su dirección y su velocidad; la búsqueda encuentra servos con otras.</translation>
+    </message>
+    <message>
+        <source>The port was closed by the Disconnect before: disconnect and connect again</source>
+        <translation>El puerto se cerró por la desconexión anterior: desconecte y vuelva a conectar</translation>
+    </message>
+    <message>
+        <source>%1 polls a second; of the last hundred %2 % answered at once, %3 % when asked again, %4 % lost</source>
+        <translation>%1 consultas por segundo; de las últimas cien, %2 % respondidas en el acto, %3 % al repetir la pregunta, %4 % perdidas</translation>
+    </message>
+    <message>
+        <source>weak link</source>
+        <translation>enlace débil</translation>
+    </message>
+    <message>
+        <source>not applied</source>
+        <translation>no aplicado</translation>
+    </message>
+    <message>
+        <source>Not applied</source>
+        <translation>No aplicado</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Zelvar Servo Manager</source>
@@ -516,6 +642,34 @@
     <message>
         <source>Servo %1 refuses to be read</source>
         <translation>El servo %1 rechaza la lectura</translation>
+    </message>
+    <message>
+        <source>&amp;Servo</source>
+        <translation>&amp;Servo</translation>
+    </message>
+    <message>
+        <source>&amp;Undo the last Apply</source>
+        <translation>&amp;Deshacer el último Aplicar</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>&amp;Tool bar</source>
+        <translation>&amp;Barra de herramientas</translation>
+    </message>
+    <message>
+        <source>not undone: the servo has other values by now</source>
+        <translation>no se ha deshecho: el servo tiene ya otros valores</translation>
+    </message>
+    <message>
+        <source>the AX-12 is now servo %1 at %2 baud</source>
+        <translation>el AX-12 es ahora el servo %1 a %2 baudios</translation>
+    </message>
+    <message>
+        <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
+        <translation>El servo %1 no respondió a %2 baudios en %3. Compruebe su alimentación, el cable, su dirección y su velocidad; la búsqueda encuentra servos con otras.</translation>
     </message>
 </context>
 <context>

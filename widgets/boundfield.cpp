@@ -14,9 +14,7 @@
 
 namespace {
 
-constexpr int MaxDecimals = 9;
-// A fraction of one raw count, or of one unit in a decimal place: far below what counts, far above the rounding of
-// double arithmetic.
+// A fraction of one raw count: far below what counts, far above the rounding of double arithmetic.
 constexpr double Noise = 1e-6;
 
 } // namespace
@@ -227,12 +225,7 @@ int BoundField::shownDecimals() const
 {
     if (hasUnit())
         return m_units->decimals(m_fieldId);
-    const double rawSpan = double(m_limits->rawMax) - m_limits->rawMin;
-    const double step = rawSpan == 0.0 ? 1.0 : (m_limits->physicalMax - m_limits->physicalMin) / rawSpan;
-    int digits = 0;
-    for (double scaled = step; digits < MaxDecimals && std::abs(scaled - std::round(scaled)) > Noise; scaled *= 10.0)
-        ++digits;
-    return digits;
+    return model::stepDecimals(*m_limits);
 }
 
 double BoundField::toShown(const model::RawScale &scale, int raw) const

@@ -1,0 +1,163 @@
+#include "app/applytext.h"
+
+#include "device/devicehelper.h"
+#include "device/fieldbinding.h"
+#include "device/unitshelper.h"
+#include "device/zelvarv1.h"
+#include "model/baudrates.h"
+#include "model/rawscale.h"
+#include "model/registerimage.h"
+#include "widgets/followeddevice.h"
+
+#include <QComboBox>
+#include <QLocale>
+#include <QStringList>
+
+namespace {
+
+using Outcome = BusResult::Outcome;
+using Verdict = session::ApplyReport::Verdict;
+
+struct RefusalRow
+{
+    quint8 error; ///< number in the low seven bits of the error byte
+    const char *text;
+};
+
+// clang-format off
+constexpr RefusalRow Refusals[] = {
+    {1, QT_TRANSLATE_NOOP("ApplyText", "process failure: the servo could not carry it out; reboot it and try again")},
+    {2, QT_TRANSLATE_NOOP("ApplyText", "instruction error: the servo does not know this instruction; is it another model?")},
+    {3, QT_TRANSLATE_NOOP("ApplyText", "checksum error: the line garbles packets; check cable and supply")},
+    {4, QT_TRANSLATE_NOOP("ApplyText", "data range error: a value is outside what the servo takes; compare each with its range")},
+    {5, QT_TRANSLATE_NOOP("ApplyText", "data length error: the servo takes no block of this length; is it another model?")},
+    {6, QT_TRANSLATE_NOOP("ApplyText", "data limit error: a value is beyond one of the servo's limits; change the limit first")},
+    {7, QT_TRANSLATE_NOOP("ApplyText", "access error: turn the motor off first")},
+};
+// clang-format on
+
+constexpr quint8 ErrorNumberMask = 0x7F;
+
+QString entryText(const QWidget &view, const FieldBinding &binding, int index)
+{
+    const auto *list = view.findChild<QComboBox *>(QLatin1String(binding.control));
+    return list && index >= 0 && index < list->count() - 1 ? list->itemText(index) : QString::number(index);
+}
+
+bool isSwitch(const model::Field &field)
+{
+    return field.kind == model::FieldKind::PlainValue && field.range.rawMax == 1;
+}
+
+QString numberText(const FieldBinding &binding, qint32 raw)
+{
+    const auto device = DeviceHelper::currentDevice();
+    const QString control = QLatin1String(binding.control);
+    const model::Range range = device && device->definesField(control) ? device->limits(control) : binding.field->range;
+    const auto units = currentUnits();
+    const auto kind = static_cast<qint32>(binding.kind());
+    const double shown = units->toDisplay(model::RawScale(range).toPhysical(raw), kind);
+    const bool hasUnit = model::isQuantity(binding.kind());
+    const QString number = QLocale().toString(shown, 'f', hasUnit ? units->decimals(kind) : model::stepDecimals(range));
+    return hasUnit ? number + QLatin1Char(' ') + units->unitName(kind) : number;
+}
+
+QString partText(const QWidget &view, const FieldBinding &binding, quint32 bits)
+{
+    const qint32 shown = binding.shownValue(bits);
+    if (binding.kind() == model::FieldKind::BaudRate)
+        return QString::number(model::baudRateOf(shown));
+    if (model::isChoice(binding.kind()))
+        return entryText(view, binding, shown);
+    if (isSwitch(*binding.field))
+        return shown ? ApplyText::tr("on") : ApplyText::tr("off");
+    return numberText(binding, shown);
+}
+
+QString caption(const model::Field &field)
+{
+    return ZelvarV1::fieldLabel(field);
+}
+
+} // namespace
+
+QString ApplyText::applied(const session::ApplyReport &report) const
+{
+    if (report.edited.size() == 1) {
+        const session::AppliedField &field = report.edited.front();
+        return tr("applied: %1 %2").arg(caption(*field.field), value(*field.field, field.wanted));
+    }
+    return tr("applied: %1 values").arg(report.edited.size());
+}
+
+QString ApplyText::fields(const std::vector<session::AppliedField> &fields) const
+{
+    QStringList lines;
+    for (const session::AppliedField &field : fields)
+        lines.append(caption(*field.field) + QLatin1String(": ") + value(*field.field, field.wanted));
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString ApplyText::notApplied(const session::ApplyReport &report) const
+{
+    const auto &told = report.others.empty() ? report.edited : report.others;
+    QString rows;
+    for (const session::AppliedField &field : told)
+        rows += row(field);
+    return QStringLiteral("<table cellspacing=\"6\"><tr><th align=\"left\">%1</th><th align=\"left\">%2</th>"
+                          "<th align=\"left\">%3</th></tr>%4</table><p>%5</p>")
+        .arg(tr("Field"), tr("Wanted"), tr("The servo has"), rows, reason(report).toHtmlEscaped());
+}
+
+QString ApplyText::dropped(const session::ApplyReport &report) const
+{
+    if (report.edited.size() == 1)
+        return tr("not sent before the connection ended: %1").arg(caption(*report.edited.front().field));
+    return tr("not sent before the connection ended: %1 values").arg(report.edited.size());
+}
+
+QString ApplyText::value(const model::Field &field, quint32 bits) const
+{
+    QStringList parts;
+    for (const FieldBinding &binding : fieldBindings(field))
+        parts.append(partText(m_view, binding, bits));
+    return parts.isEmpty() ? QString::number(model::rawValue(field, bits)) : parts.join(QLatin1String(", "));
+}
+
+QString ApplyText::refusal(quint8 errorByte)
+{
+    const quint8 number = errorByte & ErrorNumberMask;
+    for (const RefusalRow &row : Refusals) {
+        if (row.error == number)
+            return tr(row.text);
+    }
+    return tr("error number %1, which the servo's family does not have").arg(number);
+}
+
+QString ApplyText::reason(const session::ApplyReport &report) const
+{
+    if (report.verdict == Verdict::Unknown) {
+        return tr("The servo has not answered since, so that what it has is not known. Check its supply and the "
+                  "cable; what it has is shown as soon as it answers.");
+    }
+    switch (report.write.outcome) {
+    case Outcome::Refused:
+        return tr("The servo refused it: %1.").arg(refusal(report.write.error));
+    case Outcome::Answered:
+        return tr("The servo acknowledged the values and did not keep those above. Read them again, and check whether "
+                  "something else changes them.");
+    case Outcome::NoAnswer:
+    case Outcome::PortLost:
+    case Outcome::Withdrawn:
+        break;
+    }
+    return tr("The servo did not acknowledge the values. Check the cable and apply them again.");
+}
+
+QString ApplyText::row(const session::AppliedField &field) const
+{
+    const QString found = field.found ? value(*field.field, *field.found) : tr("not known");
+    return QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td></tr>")
+        .arg(caption(*field.field).toHtmlEscaped(), value(*field.field, field.wanted).toHtmlEscaped(),
+             found.toHtmlEscaped());
+}

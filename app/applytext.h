@@ -1,0 +1,38 @@
+#pragma once
+
+#include "session/applyreport.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+class QWidget;
+
+/** What is told of a block that was applied, in the user's language and units. */
+class ApplyText
+{
+    Q_DECLARE_TR_FUNCTIONS(ApplyText)
+
+public:
+    /** @param view has the lists whose entries are told; must outlive this object. */
+    explicit ApplyText(const QWidget &view) : m_view(view) {}
+
+    /** For example "applied: target position 2.499 radians"; with several fields, their number. */
+    QString applied(const session::ApplyReport &report) const;
+    /** Every field with its value, one a line. */
+    QString fields(const std::vector<session::AppliedField> &fields) const;
+    /** The rows and the reason of a box, as rich text. */
+    QString notApplied(const session::ApplyReport &report) const;
+    /** For a block that was never sent. */
+    QString dropped(const session::ApplyReport &report) const;
+
+    /** What @p bits in the registers of @p field mean, for example "2.499 radians" or "Joint". */
+    QString value(const model::Field &field, quint32 bits) const;
+    /** What a servo means by the error number of @p errorByte, and what to do about it. */
+    static QString refusal(quint8 errorByte);
+
+private:
+    QString reason(const session::ApplyReport &report) const;
+    QString row(const session::AppliedField &field) const;
+
+    const QWidget &m_view;
+};

@@ -1,0 +1,110 @@
+#include "app/linkreporter.h"
+
+#include "app/boxes.h"
+#include "app/linkline.h"
+#include "session/applyproof.h"
+
+#include <QLocale>
+#include <QStringList>
+
+using session::State;
+using Verdict = session::ApplyReport::Verdict;
+
+LinkReporter::LinkReporter(QWidget &window, const QWidget &view, const session::Connection &connection,
+                           const session::ApplyProof &proof, LinkLine &line)
+    : m_window(window), m_connection(connection), m_line(line), m_text(view)
+{
+    connect(&connection, &session::Connection::stateChanged, this, &LinkReporter::onStateChanged);
+    connect(&connection, &session::Connection::polled, this, &LinkReporter::onPolled);
+    connect(&connection, &session::Connection::qualityChanged, this, &LinkReporter::onQualityChanged);
+    connect(&proof, &session::ApplyProof::reported, this, &LinkReporter::onReported);
+}
+
+LinkReporter::~LinkReporter() = default;
+
+void LinkReporter::onStateChanged(State state, State before)
+{
+    const session::ServoAddress &address = m_connection.address();
+    switch (state) {
+    case State::Identifying:
+        m_line.tell({});
+        m_line.showServo(tr("servo %1 · %2 baud · %3").arg(address.id).arg(address.baudRate).arg(m_portName));
+        return;
+    case State::Unanswered:
+        m_line.tell(
+            tr("No answer from servo %1 at %2 baud on %3").arg(address.id).arg(address.baudRate).arg(m_portName),
+            tr("It is asked again each second. Check its supply, the cable, its address and its baud rate; "
+               "Search finds servos at other ones."));
+        return;
+    case State::Connected:
+        m_line.tell({});
+        return;
+    case State::PortClosed:
+        m_line.tell(tr("The port was closed by the Disconnect before: disconnect and connect again"));
+        return;
+    case State::Disconnected:
+        m_line.showServo({});
+        m_line.showFault({});
+        m_line.showQuality({}, {});
+        if (before == State::Unanswered || before == State::PortClosed)
+            m_line.tell({}); // what happened before stays, since it may be a block that was not sent
+        return;
+    case State::Silent:
+    case State::Refusing:
+    case State::Moved:
+        return; // the status bar tells
+    }
+}
+
+void LinkReporter::onPolled(const model::RegisterImage &image)
+{
+    QStringList faults;
+    for (const model::Field &field : image.family().fields) {
+        const bool isReported = !field.isWritable() && !field.flags.isEmpty();
+        const quint32 bits = isReported ? image.bits(field).value_or(0) : 0;
+        for (const model::Flag &flag : field.flags) {
+            if (bits & (1U << flag.bit))
+                faults.append(QCoreApplication::translate("EditView", flag.label));
+        }
+    }
+    m_line.showFault(faults.join(QLatin1String(", ")));
+}
+
+void LinkReporter::onQualityChanged()
+{
+    const session::LinkQuality &quality = m_connection.quality();
+    const session::LinkQuality::Shares shares = quality.shares();
+    const QString figures = tr("%1 polls a second; of the last hundred %2 % answered at once, %3 % when asked again, "
+                               "%4 % lost")
+                                .arg(QLocale().toString(quality.pollsPerSecond(), 'f', 1))
+                                .arg(shares.atOnce)
+                                .arg(shares.repeated)
+                                .arg(shares.lost);
+    m_line.showQuality(quality.isWeak() ? tr("weak link") : QString(), figures);
+}
+
+void LinkReporter::onReported(const session::ApplyReport &report)
+{
+    switch (report.verdict) {
+    case Verdict::Applied:
+        m_line.tell(m_text.applied(report), m_text.fields(report.edited));
+        return;
+    case Verdict::Dropped:
+        m_line.tell(m_text.dropped(report), m_text.fields(report.edited));
+        return;
+    case Verdict::Elsewhere:
+        return; // the status bar tells where the servo is now
+    case Verdict::NotApplied:
+    case Verdict::Unknown:
+        tellNotApplied(report);
+        return;
+    }
+}
+
+void LinkReporter::tellNotApplied(const session::ApplyReport &report)
+{
+    m_line.tell(tr("not applied"));
+    if (m_notApplied)
+        m_notApplied->close(); // the latest one is what counts
+    m_notApplied = boxes::tell(&m_window, QMessageBox::Warning, tr("Not applied"), m_text.notApplied(report));
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "model/registerimage.h"
+#include "session/applyreport.h"
+#include "session/connection.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <deque>
+#include <memory>
+#include <vector>
+
+namespace session {
+
+/** Bytes for the registers from one on. */
+struct Block
+{
+    quint8 address = 0;
+    QByteArray data;
+};
+
+/**
+ * Proves that applied blocks have taken: reads the servo as soon as a block was acknowledged or given up, holds the
+ * block against what it has, and reports. GUI thread only.
+ *
+ * Not held against a block: what the servo changes by itself, and, unless the servo is still where it was, its id and
+ * baud rate, which the connection tells of.
+ */
+class ApplyProof : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** @param connection, @param bus must outlive this object. @param image what polls keep. */
+    ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image);
+    ~ApplyProof() override;
+
+    /** Whether a block is on its way to being proved. */
+    bool isPending() const { return !m_pending.empty() || m_reading > 0; }
+    /** What the last block that was proved has changed; empty when there is none since the connection was made. */
+    const std::vector<AppliedField> &lastApplied() const { return m_lastApplied; }
+    /** Whether the servo still has what was applied last, as far as the image knows, so that it can be undone. */
+    bool canUndo() const;
+    /** What takes the last block that was proved back, but for the motor being switched on. REQUIRES: canUndo(). */
+    Block undo() const;
+
+public Q_SLOTS:
+    /** @p data is going to be written from register @p address on. To be called before the image takes it for written.
+     */
+    void expect(quint8 address, const QByteArray &data);
+
+Q_SIGNALS:
+    void reported(const session::ApplyReport &report);
+    /** What a proof has read, the servo's whole table. */
+    void read(const QByteArray &registers);
+
+private:
+    struct Pending
+    {
+        quint8 address;
+        QByteArray data;
+        std::vector<AppliedField> fields; ///< all that the block writes
+        ApplyReport report;
+        bool isSent = false;
+
+        bool isWrite(quint8 writtenAddress, const QByteArray &writtenData) const
+        {
+            return address == writtenAddress && data == writtenData;
+        }
+    };
+
+    void onWriteSent(quint8 address, const QByteArray &data);
+    void onWritten(const WriteOutcome &outcome);
+    void onStateChanged(State state);
+    void readBack(const Pending &pending, quint8 servoId);
+    void onRead(Pending pending, quint8 servoId, const BusResult &result);
+    void judge(Pending &pending, const QByteArray &registers, bool isWhereItWas) const;
+    bool isHeld(const AppliedField &field, const Pending &pending, bool isWhereItWas) const;
+    bool movesBaudRate() const;
+    std::vector<AppliedField> undoable() const;
+    void report(const ApplyReport &report);
+
+    Connection &m_connection;
+    ServoBus &m_bus;
+    std::shared_ptr<const model::RegisterImage> m_image;
+    std::deque<Pending> m_pending; ///< not written yet, oldest first
+    int m_reading = 0;             ///< written, being read back
+    quint64 m_session = 0;         ///< counts connections: what one asked for must not be told in the next
+    std::vector<AppliedField> m_lastApplied;
+};
+
+} // namespace session

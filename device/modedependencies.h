@@ -13,6 +13,6 @@ struct ModeDependencies
 };
 
 /**
- * Makes the dependencies of one device model. The mode controllers live in a room above, hence a factory.
+ * Makes the dependencies of one device model. The mode controllers live in a module above, hence a factory.
  */
 using ModeDependencyFactory = std::function<ModeDependencies()>;

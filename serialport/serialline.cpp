@@ -93,11 +93,10 @@ QByteArray SerialLine::takeReceived()
 
 void SerialLine::discardReceived()
 {
-    if (!portdevice::hasInput(m_port->handle())) {
-        m_port->readAll();
-        return;
-    }
-    m_tookAhead = true;
+    const bool systemHasSome = portdevice::hasInput(m_port->handle());
+    if (!systemHasSome && m_port->bytesAvailable() == 0)
+        return; // nearly always
+    m_tookAhead = m_tookAhead || systemHasSome;
     m_port->clear(QSerialPort::Input);
 }
 

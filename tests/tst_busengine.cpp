@@ -466,8 +466,19 @@ private Q_SLOTS:
         PtyPeer peer(zelvarServo);
         auto port = std::make_unique<ZelvarSerialPortInterface>(nullptr, 2);
         QCOMPARE(port->openSerialPort(peer.path(), BaudRate), QString());
-        port->readData(ServoId, 0, 8, [&] { port.reset(); });
+        QPointer<QObject> device; // which calls back, and goes on when that is over
+        for (QObject *child : port->bus()->children()) {
+            if (child->inherits("QSerialPort"))
+                device = child;
+        }
+        bool isOutlived = false;
+        port->readData(ServoId, 0, 8, [&] {
+            port.reset();
+            isOutlived = device;
+        });
         QTRY_VERIFY(!port);
+        QVERIFY(isOutlived);
+        QTRY_VERIFY(!device);
     }
 
     void aLostPortIsReportedOnce()

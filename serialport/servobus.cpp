@@ -63,7 +63,7 @@ void ServoBus::useLine(std::unique_ptr<BusLine> line)
 QString ServoBus::open(const QString &portName, int baudRate)
 {
     close();
-    const QString error = m_line->open(portName, baudRate);
+    QString error = m_line->open(portName, baudRate);
     if (!error.isEmpty())
         return error;
     m_baudRate = baudRate;

@@ -1248,4 +1248,11 @@
         <translation>Debug 4</translation>
     </message>
 </context>
+<context>
+    <name>storage</name>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Es ist keine gewöhnliche Datei.</translation>
+    </message>
+</context>
 </TS>

@@ -1248,4 +1248,11 @@
         <translation>Depuración 4</translation>
     </message>
 </context>
+<context>
+    <name>storage</name>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>No es un archivo normal.</translation>
+    </message>
+</context>
 </TS>

@@ -12,14 +12,21 @@ enum class Framing {
     Protocol2, ///< FF FF FD 00, byte stuffing, CRC-16
 };
 
-/** Instruction codes. Protocol 1.0 has no reboot, and its status packets carry no code of their own. */
+/** Instruction codes. Protocol 1.0 has no reboot and no sync read, and no code of its own in a status packet. */
 enum Instruction : quint8 {
     Ping = 0x01,
     Read = 0x02,
     Write = 0x03,
+    RegWrite = 0x04, ///< a write that is kept until the action
+    Action = 0x05,
     FactoryReset = 0x06,
     Reboot = 0x08,
     Status = 0x55,
+    SyncRead = 0x82,     ///< the same registers of several servos; as all that follow, to the broadcast id
+    SyncWrite = 0x83,    ///< the same registers of several servos
+    FastSyncRead = 0x8A, ///< as the sync read, answered by all in one packet
+    BulkRead = 0x92,     ///< other registers of each servo
+    BulkWrite = 0x93,    ///< other registers of each servo
 };
 
 /** Parameter of the 2.0 factory reset: what the servo keeps. */

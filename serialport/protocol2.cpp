@@ -173,7 +173,7 @@ std::optional<Packet> Parser::next()
         if (available < PrefixSize)
             break;
         const int length = fromLittleEndian16(m_buffer, start + HeaderSize + 1);
-        if (length < MinimumLength || length > MaximumLength)
+        if (length < MinimumLength || length > m_maximumLength)
             continue;
         const int size = PrefixSize + length;
         // Stuffing keeps a header out of every body: one that stands there belongs to the next packet, and this

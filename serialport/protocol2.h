@@ -41,6 +41,9 @@ std::optional<QByteArray> unstuffed(const QByteArray &bytes);
 class Parser
 {
 public:
+    /** One that takes packets whose length field is at most @p maximumLength. */
+    explicit Parser(int maximumLength = MaximumLength) : m_maximumLength(maximumLength) {}
+
     void append(const QByteArray &bytes) { m_buffer.append(bytes); }
     /** The next whole, checked packet; nothing until more bytes come. */
     std::optional<Packet> next();
@@ -52,6 +55,7 @@ public:
 private:
     void removeBytes(int count);
 
+    int m_maximumLength;
     QByteArray m_buffer;
 };
 

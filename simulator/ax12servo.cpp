@@ -93,6 +93,21 @@ constexpr RegisterRow Rows[] = {
     {Punch,                    2,  Volatile,    Unsigned, 0,       FullScale,              32},
 };
 
+/** The error bit of each refusal. */
+struct Refusal { Outcome outcome; wire::Protocol1Error bit; };
+constexpr Refusal Refusals[] = {
+    {Outcome::UnknownInstruction, wire::InstructionErrorBit},
+    {Outcome::NothingKept,        wire::InstructionErrorBit},
+    {Outcome::WrongSize,          wire::InstructionErrorBit},
+    {Outcome::OutsideTable,       wire::RangeErrorBit},
+    {Outcome::NothingWritable,    wire::RangeErrorBit},
+    {Outcome::NonVolatileLocked,  wire::RangeErrorBit},
+    {Outcome::OutOfRange,         wire::RangeErrorBit},
+    {Outcome::BeyondAngleLimits,  wire::AngleLimitErrorBit},
+    // There is no bit for it; this one says at least that the instruction was not carried out.
+    {Outcome::MemoryFailed,       wire::InstructionErrorBit},
+};
+
 /** A small servo on a 12 V supply: 114 rpm without load, 1.5 N·m at its greatest current. */
 constexpr MotorConstants Motor = {
     /* supplyVoltage     */ 12.0,
@@ -117,9 +132,6 @@ constexpr double GreatestCurrent = 1.5;           ///< A at the torque limit 102
 constexpr double VoltageStep = 0.1;               ///< V
 constexpr double NearlyAll = 0.99;                ///< of the torque limit
 constexpr SimulationTime OverloadTime = std::chrono::milliseconds(500);
-constexpr int AcknowledgeMicroseconds = 2;
-constexpr int ReadParameters = 1 + 1; ///< address and length
-constexpr int AddressSize = 1;
 /** Position gain (1/s) at the slope 1; a slope is how far (in steps) from the goal the torque is at its
  * limit. */
 constexpr double StiffnessOfUnitSlope = 640;
@@ -148,50 +160,23 @@ bool reaches(int address, const QByteArray &data, int registerAddress)
 
 } // namespace
 
-Ax12Servo::Ax12Servo(quint8 id, quint8 baudCode) : m_registers(Rows, TableSize), m_drive(Motor)
+Ax12Servo::Ax12Servo(quint8 id, quint8 baudCode)
+    : RegisterServo({wire::Framing::Protocol1, Id, BaudRate, ReturnDelay, Registered}, RegisterTable(Rows, TableSize),
+                    Motor)
 {
     m_registers.setValue(Id, id);
     m_registers.setValue(BaudRate, baudCode);
     restart();
 }
 
-quint8 Ax12Servo::id() const
+QByteArray Ax12Servo::status(quint8 id, Outcome outcome, const QByteArray &parameters) const
 {
-    return static_cast<quint8>(m_registers.value(Id));
-}
-
-quint8 Ax12Servo::baudCode() const
-{
-    return static_cast<quint8>(m_registers.value(BaudRate));
-}
-
-std::chrono::microseconds Ax12Servo::acknowledgeTime() const
-{
-    return std::chrono::microseconds(m_registers.value(ReturnDelay) * AcknowledgeMicroseconds);
-}
-
-void Ax12Servo::restoreNonVolatileRegisters(const RegisterValues &values)
-{
-    m_registers.restoreNonVolatileValues(values);
-    restart();
-}
-
-void Ax12Servo::advance(SimulationTime now)
-{
-    m_drive.advance(now);
-    watchLoad(now);
-    refreshRegisters();
-    shutDownOnAlarm();
-}
-
-QByteArray Ax12Servo::execute(const wire::Packet &request)
-{
-    const quint8 idBefore = id();
-    const bool willAnswer = answers(request.instruction);
-    const Answer answer = answerTo(request);
-    if (!willAnswer)
-        return {};
-    return wire::protocol1::encode(idBefore, answer.errors | standingErrors(), answer.parameters);
+    quint8 errors = standingErrors();
+    for (const Refusal &row : Refusals) {
+        if (row.outcome == outcome)
+            errors |= row.bit;
+    }
+    return wire::protocol1::encode(id, errors, parameters);
 }
 
 bool Ax12Servo::answers(quint8 instruction) const
@@ -204,54 +189,36 @@ bool Ax12Servo::answers(quint8 instruction) const
     return instruction == wire::Ping || (level == PingAndRead && instruction == wire::Read) || level > PingAndRead;
 }
 
-Ax12Servo::Answer Ax12Servo::answerTo(const wire::Packet &request)
+void Ax12Servo::followDrive(SimulationTime now)
 {
-    switch (request.instruction) {
-    case wire::Ping:
-        return {};
-    case wire::Read:
-        return read(request.parameters);
-    case wire::Write:
-        return write(request.parameters);
-    case wire::FactoryReset:
-        m_registers.resetToDefaults(RegisterAccess::NonVolatile);
-        restart();
-        return {};
-    default:
-        return {wire::InstructionErrorBit, {}};
-    }
+    watchLoad(now);
+    refreshRegisters();
+    shutDownOnAlarm();
 }
 
-Ax12Servo::Answer Ax12Servo::read(const QByteArray &parameters) const
+Outcome Ax12Servo::judgeWrite(int address, const QByteArray &data) const
 {
-    if (parameters.size() != ReadParameters)
-        return {wire::InstructionErrorBit, {}};
-    const int address = static_cast<quint8>(parameters[0]);
-    const int length = static_cast<quint8>(parameters[AddressSize]);
-    if (length == 0 || !m_registers.contains(address, length))
-        return {wire::RangeErrorBit, {}};
-    return {0, m_registers.read(address, length)};
-}
-
-Ax12Servo::Answer Ax12Servo::write(const QByteArray &parameters)
-{
-    if (parameters.size() <= AddressSize)
-        return {wire::InstructionErrorBit, {}};
-    const int address = static_cast<quint8>(parameters[0]);
-    const QByteArray data = parameters.mid(AddressSize);
     if (goesBeyondAngleLimits(address, data))
-        return {wire::AngleLimitErrorBit, {}};
+        return Outcome::BeyondAngleLimits;
     const auto lock =
         m_registers.value(Lock) ? RegisterTable::NonVolatile::Locked : RegisterTable::NonVolatile::Writable;
+    return m_registers.judge(address, data, lock);
+}
+
+void Ax12Servo::putWrite(int address, const QByteArray &data)
+{
     const bool wasLocked = m_registers.value(Lock) != 0;
-    if (m_registers.write(address, data, lock) != RegisterTable::WriteResult::Taken)
-        return {wire::RangeErrorBit, {}};
+    m_registers.write(address, data);
     if (wasLocked)
         m_registers.setValue(Lock, 1); // only taking its power away unlocks it
     if (reaches(address, data, GoalPosition) && !reaches(address, data, TorqueEnable))
         m_registers.setValue(TorqueEnable, 1); // as the real one: a goal switches the torque on
-    applyRegisters();
-    return {};
+}
+
+Outcome Ax12Servo::resetNonVolatile(const QByteArray &)
+{
+    m_registers.resetToDefaults(RegisterAccess::NonVolatile);
+    return Outcome::Done;
 }
 
 bool Ax12Servo::goesBeyondAngleLimits(int address, const QByteArray &data) const

@@ -5,6 +5,7 @@
 #include <QByteArray>
 
 #include <chrono>
+#include <functional>
 #include <map>
 
 namespace simulator {
@@ -39,10 +40,18 @@ public:
 
     /**
      * Carries out a checked @p request in its framing, sent to it or to all.
-     * @return the status packet; empty when the servo is set not to answer. A new id or baud rate holds from
-     * the next request on.
+     * @return the status packet; empty when the servo is set not to answer, or is starting again. A new id or baud
+     * rate holds from the next request on.
      */
     virtual QByteArray execute(const wire::Packet &request) = 0;
+
+    /**
+     * Keeps what survives without power; false when it cannot. Called when nonVolatileRegisters() have changed, and
+     * before the request that changed them is answered.
+     */
+    using Memory = std::function<bool()>;
+    /** What it has written to; without one, everything can be kept. */
+    virtual void setMemory(Memory memory) = 0;
 
     /** What survives without power. */
     virtual RegisterValues nonVolatileRegisters() const = 0;

@@ -1,5 +1,7 @@
 #include "simulator/registertable.h"
 
+#include <algorithm>
+
 namespace simulator {
 
 namespace {
@@ -69,32 +71,39 @@ bool RegisterTable::contains(int address, int length) const
     return address >= 0 && length >= 0 && address <= size() - length;
 }
 
-RegisterTable::WriteResult RegisterTable::write(int address, const QByteArray &data, NonVolatile nonVolatile)
+std::vector<const RegisterRow *> RegisterTable::written(int address, int length) const
+{
+    std::vector<const RegisterRow *> rows;
+    for (std::size_t i = 0; i < m_count; ++i) {
+        if (m_rows[i].access != RegisterAccess::ReadOnly && overlaps(m_rows[i], address, length))
+            rows.push_back(&m_rows[i]);
+    }
+    return rows;
+}
+
+Outcome RegisterTable::judge(int address, const QByteArray &data, NonVolatile nonVolatile) const
 {
     if (!contains(address, data.size()))
-        return WriteResult::OutsideTable;
-
-    std::vector<const RegisterRow *> written;
-    for (std::size_t i = 0; i < m_count; ++i) {
-        const RegisterRow &row = m_rows[i];
-        if (row.access == RegisterAccess::ReadOnly || !overlaps(row, address, data.size()))
-            continue;
-        if (row.access == RegisterAccess::NonVolatile && nonVolatile == NonVolatile::Locked)
-            return WriteResult::NonVolatileLocked;
-        written.push_back(&row);
-    }
-    if (written.empty())
-        return WriteResult::NothingWritable;
+        return Outcome::OutsideTable;
+    const auto rows = written(address, data.size());
+    if (rows.empty())
+        return Outcome::NothingWritable;
+    const auto isNonVolatile = [](const RegisterRow *row) { return row->access == RegisterAccess::NonVolatile; };
+    if (nonVolatile == NonVolatile::Locked && std::any_of(rows.begin(), rows.end(), isNonVolatile))
+        return Outcome::NonVolatileLocked;
 
     QByteArray image = m_bytes;
     image.replace(address, data.size(), data);
-    for (const RegisterRow *row : written) {
-        if (!accepts(*row, valueIn(image, *row)))
-            return WriteResult::OutOfRange;
-    }
-    for (const RegisterRow *row : written)
+    const auto isAccepted = [&image](const RegisterRow *row) { return accepts(*row, valueIn(image, *row)); };
+    return std::all_of(rows.begin(), rows.end(), isAccepted) ? Outcome::Done : Outcome::OutOfRange;
+}
+
+void RegisterTable::write(int address, const QByteArray &data)
+{
+    QByteArray image = m_bytes;
+    image.replace(address, data.size(), data);
+    for (const RegisterRow *row : written(address, data.size()))
         putValue(m_bytes, *row, valueIn(image, *row));
-    return WriteResult::Taken;
 }
 
 void RegisterTable::resetToDefaults(RegisterAccess access)

@@ -23,6 +23,20 @@ enum class RegisterKind : quint8 {
     Direction, ///< 16 bits: bit 15 the direction, the others the magnitude, which the range applies to
 };
 
+/** What becomes of an instruction; each family has its own error bytes for these. */
+enum class Outcome : quint8 {
+    Done,
+    UnknownInstruction,
+    WrongSize, ///< of the parameters
+    OutsideTable,
+    NothingWritable,   ///< only gaps and read-only registers
+    NonVolatileLocked, ///< reaches a non-volatile register while they are locked
+    OutOfRange,
+    BeyondAngleLimits,
+    NothingKept, ///< an action without a kept write
+    MemoryFailed,
+};
+
 /** One register; a table of them describes a servo. Low bytes are at low addresses. */
 struct RegisterRow
 {
@@ -39,14 +53,6 @@ struct RegisterRow
 class RegisterTable
 {
 public:
-    enum class WriteResult {
-        Taken,
-        OutsideTable,
-        NothingWritable,   ///< only gaps and read-only registers
-        NonVolatileLocked, ///< reaches a non-volatile register while they are locked
-        OutOfRange,
-    };
-
     enum class NonVolatile {
         Writable,
         Locked,
@@ -70,11 +76,12 @@ public:
     /** REQUIRES: contains(). */
     QByteArray read(int address, int length) const { return m_bytes.mid(address, length); }
     /**
-     * Takes @p data as a client writes it from @p address on. Gaps and read-only registers in it are passed
-     * over; if anything of it is refused, nothing is taken. A register that the block covers in part is
-     * judged by the value that it would have afterwards.
+     * What becomes of @p data when a client writes it from @p address on. A register that the block covers in part
+     * is judged by the value that it would have afterwards. If anything of it is refused, all is.
      */
-    WriteResult write(int address, const QByteArray &data, NonVolatile nonVolatile);
+    Outcome judge(int address, const QByteArray &data, NonVolatile nonVolatile) const;
+    /** Takes it over, gaps and read-only registers left out. REQUIRES: judge() gave Done. */
+    void write(int address, const QByteArray &data);
 
     void resetToDefaults(RegisterAccess access);
 
@@ -86,6 +93,8 @@ private:
     RegisterTable(const RegisterRow *rows, std::size_t count, int size);
 
     const RegisterRow *rowAt(int address) const;
+    /** The registers that a write of @p length bytes at @p address changes. */
+    std::vector<const RegisterRow *> written(int address, int length) const;
 
     const RegisterRow *m_rows;
     std::size_t m_count;

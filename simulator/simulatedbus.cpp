@@ -1,5 +1,6 @@
 #include "simulator/simulatedbus.h"
 
+#include "serialport/crc16.h"
 #include "simulator/baudcode.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ std::vector<BusReply> SimulatedBus::receive(const QByteArray &bytes, int baudRat
             packet = m_parser1.next();
         if (!packet)
             continue;
-        for (BusReply &reply : answer(*packet, baudRate, now))
+        for (BusReply &reply : answer(*packet, {baudRate, now}))
             replies.push_back(std::move(reply));
     }
     return replies;
@@ -76,15 +77,71 @@ std::vector<ISimulatedServo *> SimulatedBus::addressed(const wire::Packet &reque
     return servos;
 }
 
-std::vector<BusReply> SimulatedBus::answer(const wire::Packet &request, int baudRate, SimulationTime now)
+std::vector<BusReply> SimulatedBus::answer(const wire::Packet &request, const Moment &moment)
 {
     const bool isStatusPacket = request.framing == wire::Framing::Protocol2 && request.instruction == wire::Status;
     if (isStatusPacket)
         return {}; // another servo's reply, or an echo
+    std::vector<BusReply> replies;
+    if (const auto group = groupRequest(request)) {
+        replies = answerToGroup(*group, moment);
+    } else {
+        BusReply reply = answerOfOne(request, moment);
+        if (!reply.bytes.isEmpty() && request.id != wire::BroadcastId)
+            replies.push_back(std::move(reply));
+    }
+    if (!replies.empty())
+        replies.front().requestSize = request.raw.size();
+    return replies;
+}
+
+std::vector<BusReply> SimulatedBus::answerToGroup(const GroupRequest &request, const Moment &moment)
+{
+    std::vector<BusReply> replies;
+    if (request.replies == GroupReplies::Together) {
+        replies.push_back(answerTogether(request, moment));
+    } else {
+        for (const wire::Packet &part : request.parts)
+            replies.push_back(answerOfOne(part, moment));
+    }
+    const auto isNone = [&request](const BusReply &reply) {
+        return request.replies == GroupReplies::None || reply.bytes.isEmpty();
+    };
+    replies.erase(std::remove_if(replies.begin(), replies.end(), isNone), replies.end());
+    return replies;
+}
+
+BusReply SimulatedBus::answerTogether(const GroupRequest &request, const Moment &moment)
+{
+    constexpr int SizeBesideData = 1 + 1 + wire::protocol2::CrcSize; // error, id
+    int length = 1;
+    for (const wire::Packet &part : request.parts)
+        length += wire::fromLittleEndian16(part.parameters, 2) + SizeBesideData;
+
     BusReply reply;
-    reply.requestSize = request.raw.size();
-    for (ISimulatedServo *servo : addressed(request, baudRate)) {
-        servo->advance(now);
+    QByteArray bytes = QByteArrayLiteral("\xFF\xFF\xFD\x00\xFE");
+    bytes.append(wire::littleEndian16(static_cast<quint16>(length))).append(static_cast<char>(wire::Status));
+    for (const wire::Packet &part : request.parts) {
+        const BusReply single = answerOfOne(part, moment);
+        wire::protocol2::Parser parser;
+        parser.append(single.bytes);
+        const auto status = parser.next();
+        // Each goes on where the one before ended: after one that keeps silent, nobody knows that it is his turn.
+        if (!status || status->parameters.size() != wire::fromLittleEndian16(part.parameters, 2))
+            break;
+        bytes.append(static_cast<char>(status->error)).append(static_cast<char>(status->id)).append(status->parameters);
+        bytes.append(wire::littleEndian16(wire::crc16(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
+        reply.bytes = bytes;
+        reply.acknowledgeTime = std::max(reply.acknowledgeTime, single.acknowledgeTime);
+    }
+    return reply;
+}
+
+BusReply SimulatedBus::answerOfOne(const wire::Packet &request, const Moment &moment)
+{
+    BusReply reply;
+    for (ISimulatedServo *servo : addressed(request, moment.baudRate)) {
+        servo->advance(moment.time);
         const auto acknowledgeTime = servo->acknowledgeTime();
         const QByteArray status = servo->execute(request);
         if (status.isEmpty())
@@ -92,9 +149,7 @@ std::vector<BusReply> SimulatedBus::answer(const wire::Packet &request, int baud
         reply.bytes = reply.bytes.isEmpty() ? status : collided(reply.bytes, status);
         reply.acknowledgeTime = std::max(reply.acknowledgeTime, acknowledgeTime);
     }
-    if (reply.bytes.isEmpty() || request.id == wire::BroadcastId)
-        return {};
-    return {reply};
+    return reply;
 }
 
 void SimulatedBus::advance(SimulationTime now)

@@ -2,6 +2,7 @@
 
 #include "serialport/protocol1.h"
 #include "serialport/protocol2.h"
+#include "simulator/groupinstruction.h"
 #include "simulator/isimulatedservo.h"
 
 #include <memory>
@@ -9,12 +10,12 @@
 
 namespace simulator {
 
-/** What the bus answers to one request. */
+/** One packet that the bus answers to a request. */
 struct BusReply
 {
     QByteArray bytes;
-    std::chrono::microseconds acknowledgeTime{0}; ///< from the end of the request to the first byte
-    int requestSize = 0;                          ///< bytes of the request on the wire
+    std::chrono::microseconds acknowledgeTime{0}; ///< from the end of what was on the wire before to the first byte
+    int requestSize = 0;                          ///< bytes of the request on the wire; 0 but for the first reply to it
 };
 
 /**
@@ -46,12 +47,26 @@ public:
     const Servos &servos() const { return m_servos; }
 
 private:
-    std::vector<BusReply> answer(const wire::Packet &request, int baudRate, SimulationTime now);
+    /** A line at some speed and time. */
+    struct Moment
+    {
+        int baudRate;
+        SimulationTime time;
+    };
+
+    std::vector<BusReply> answer(const wire::Packet &request, const Moment &moment);
+    std::vector<BusReply> answerToGroup(const GroupRequest &request, const Moment &moment);
+    BusReply answerTogether(const GroupRequest &request, const Moment &moment);
+    /** The reply of the servo, or the servos, with the request's id. Without bytes when none answers. */
+    BusReply answerOfOne(const wire::Packet &request, const Moment &moment);
     std::vector<ISimulatedServo *> addressed(const wire::Packet &request, int baudRate) const;
+
+    /** Greatest length field of a 2.0 request: one that gives each of all servos its own few registers has room. */
+    static constexpr int LongestRequest = 4096;
 
     Servos m_servos;
     wire::protocol1::Parser m_parser1;
-    wire::protocol2::Parser m_parser2;
+    wire::protocol2::Parser m_parser2{LongestRequest};
     SimulationTime m_lastReception{0};
     int m_lastBaudRate = 0;
 };

@@ -74,6 +74,19 @@ constexpr RegisterRow Rows[] = {
     {Debug4,                      2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
 };
 
+/** The error number of each refusal. */
+struct Refusal { Outcome outcome; wire::ErrorNumber number; };
+constexpr Refusal Refusals[] = {
+    {Outcome::UnknownInstruction, wire::InstructionError},
+    {Outcome::NothingKept,        wire::InstructionError},
+    {Outcome::WrongSize,          wire::DataLengthError},
+    {Outcome::OutsideTable,       wire::DataLengthError},
+    {Outcome::NothingWritable,    wire::AccessError},
+    {Outcome::NonVolatileLocked,  wire::AccessError},
+    {Outcome::OutOfRange,         wire::DataRangeError},
+    {Outcome::MemoryFailed,       wire::ProcessFailure},
+};
+
 /** Registers that a restart fills from their stored defaults. */
 struct StoredDefault { Register stored; Register working; };
 constexpr StoredDefault StoredDefaults[] = {
@@ -119,9 +132,6 @@ constexpr double IntegralGainStep = 0.01; ///< A/rad
 constexpr double VoltageStep = 0.1;       ///< V
 constexpr double PositionDeadBand = 0.75 * RadiansPerCount;
 constexpr int DirectionBit = 0x8000;
-constexpr int AcknowledgeMicroseconds = 2;
-constexpr int ReadParameters = 2 + 2; ///< address and length
-constexpr int AddressSize = 2;
 
 qint32 rounded(double value, double greatest)
 {
@@ -130,106 +140,49 @@ qint32 rounded(double value, double greatest)
 
 } // namespace
 
-ZelvarServo::ZelvarServo(quint8 id, quint8 baudCode) : m_registers(Rows, TableSize), m_drive(Motor)
+ZelvarServo::ZelvarServo(quint8 id, quint8 baudCode)
+    : RegisterServo({wire::Framing::Protocol2, Id, BaudRate, AcknowledgeTime, PendingShadowInstruction},
+                    RegisterTable(Rows, TableSize), Motor)
 {
     m_registers.setValue(Id, id);
     m_registers.setValue(BaudRate, baudCode);
     restart();
 }
 
-quint8 ZelvarServo::id() const
+QByteArray ZelvarServo::status(quint8 id, Outcome outcome, const QByteArray &parameters) const
 {
-    return static_cast<quint8>(m_registers.value(Id));
+    quint8 error = m_registers.value(HardwareError) ? wire::AlertBit : 0;
+    for (const Refusal &row : Refusals) {
+        if (row.outcome == outcome)
+            error |= row.number;
+    }
+    return wire::protocol2::encodeStatus(id, error, parameters);
 }
 
-quint8 ZelvarServo::baudCode() const
+QByteArray ZelvarServo::identity() const
 {
-    return static_cast<quint8>(m_registers.value(BaudRate));
+    return m_registers.read(ModelNumber, FirmwareVersion + 1);
 }
 
-std::chrono::microseconds ZelvarServo::acknowledgeTime() const
+void ZelvarServo::followDrive(SimulationTime)
 {
-    return std::chrono::microseconds(m_registers.value(AcknowledgeTime) * AcknowledgeMicroseconds);
-}
-
-void ZelvarServo::restoreNonVolatileRegisters(const RegisterValues &values)
-{
-    m_registers.restoreNonVolatileValues(values);
-    restart();
-}
-
-void ZelvarServo::advance(SimulationTime now)
-{
-    m_drive.advance(now);
     wrapPosition();
     refreshRegisters();
 }
 
-QByteArray ZelvarServo::execute(const wire::Packet &request)
+Outcome ZelvarServo::judgeWrite(int address, const QByteArray &data) const
 {
-    const quint8 idBefore = id();
-    const Answer answer = answerTo(request);
-    const quint8 alert = m_registers.value(HardwareError) ? wire::AlertBit : 0;
-    return wire::protocol2::encodeStatus(idBefore, answer.error | alert, answer.parameters);
-}
-
-ZelvarServo::Answer ZelvarServo::answerTo(const wire::Packet &request)
-{
-    switch (request.instruction) {
-    case wire::Ping:
-        return {wire::NoError, m_registers.read(ModelNumber, FirmwareVersion + 1)};
-    case wire::Read:
-        return read(request.parameters);
-    case wire::Write:
-        return write(request.parameters);
-    case wire::FactoryReset:
-        return factoryReset(request.parameters);
-    case wire::Reboot:
-        restart();
-        return {};
-    default:
-        return {wire::InstructionError, {}};
-    }
-}
-
-ZelvarServo::Answer ZelvarServo::read(const QByteArray &parameters) const
-{
-    if (parameters.size() != ReadParameters)
-        return {wire::DataLengthError, {}};
-    const int address = wire::fromLittleEndian16(parameters, 0);
-    const int length = wire::fromLittleEndian16(parameters, AddressSize);
-    if (length == 0 || !m_registers.contains(address, length))
-        return {wire::DataLengthError, {}};
-    return {wire::NoError, m_registers.read(address, length)};
-}
-
-ZelvarServo::Answer ZelvarServo::write(const QByteArray &parameters)
-{
-    if (parameters.size() <= AddressSize)
-        return {wire::DataLengthError, {}};
     const auto lock = isControlEnabled() ? RegisterTable::NonVolatile::Locked : RegisterTable::NonVolatile::Writable;
-    switch (m_registers.write(wire::fromLittleEndian16(parameters, 0), parameters.mid(AddressSize), lock)) {
-    case RegisterTable::WriteResult::Taken:
-        applyRegisters();
-        return {};
-    case RegisterTable::WriteResult::OutsideTable:
-        return {wire::DataLengthError, {}};
-    case RegisterTable::WriteResult::NothingWritable:
-    case RegisterTable::WriteResult::NonVolatileLocked:
-        return {wire::AccessError, {}};
-    case RegisterTable::WriteResult::OutOfRange:
-        break;
-    }
-    return {wire::DataRangeError, {}};
+    return m_registers.judge(address, data, lock);
 }
 
-ZelvarServo::Answer ZelvarServo::factoryReset(const QByteArray &parameters)
+Outcome ZelvarServo::resetNonVolatile(const QByteArray &parameters)
 {
     if (parameters.size() != 1)
-        return {wire::DataLengthError, {}};
+        return Outcome::WrongSize;
     const auto scope = static_cast<quint8>(parameters[0]);
     if (scope != wire::ResetEverything && scope != wire::ResetAllButId && scope != wire::ResetAllButIdAndBaudRate)
-        return {wire::DataRangeError, {}};
+        return Outcome::OutOfRange;
 
     const qint32 idBefore = m_registers.value(Id);
     const qint32 baudRateBefore = m_registers.value(BaudRate);
@@ -238,8 +191,7 @@ ZelvarServo::Answer ZelvarServo::factoryReset(const QByteArray &parameters)
         m_registers.setValue(Id, idBefore);
     if (scope == wire::ResetAllButIdAndBaudRate)
         m_registers.setValue(BaudRate, baudRateBefore);
-    restart();
-    return {};
+    return Outcome::Done;
 }
 
 void ZelvarServo::restart()

@@ -57,6 +57,35 @@ public:
     SimulationTime now{0};
 };
 
+/** A bus of two servos of the own family and two AX-12; what it is asked is in hexadecimal, as is what it answers. */
+class BusBench
+{
+public:
+    BusBench()
+    {
+        SimulatedBus::Servos servos;
+        for (const quint8 id : {3, 1}) // not in the order of ids
+            servos.push_back(std::make_unique<ZelvarServo>(id, baudcode::DefaultCode));
+        for (const quint8 id : {5, 6})
+            servos.push_back(std::make_unique<Ax12Servo>(id, baudcode::DefaultCode));
+        bus = std::make_unique<SimulatedBus>(std::move(servos));
+    }
+    QByteArray ask(const QByteArray &request, SimulationTime now)
+    {
+        QByteArray replies;
+        for (const BusReply &reply : bus->receive(QByteArray::fromHex(request), 1000000, now))
+            replies.append(reply.bytes);
+        return replies.toHex().toUpper();
+    }
+    void setMemory(bool works)
+    {
+        for (const auto &servo : bus->servos())
+            servo->setMemory([works] { return works; });
+    }
+
+    std::unique_ptr<SimulatedBus> bus;
+};
+
 } // namespace
 
 class TestServoModels : public QObject
@@ -130,6 +159,93 @@ private Q_SLOTS:
             const qint32 value = bench.value(address);
             QVERIFY2(value >= least && value <= most, name);
         }
+    }
+
+    void answersAsOtherClientsExpect()
+    {
+        struct Exchange
+        {
+            const char *name;
+            QByteArray request;
+            QByteArray replies;
+            SimulationTime time{0};
+        };
+        const QByteArray done1 = "FFFFFD000104005500A10C";
+        const QByteArray done3 = "FFFFFD000304005500528C";
+        const QByteArray done5 = "FFFF050200F8";
+        const QByteArray goals = "FFFFFD00FE0900824E00040001030D4A"; // a sync read
+        const QByteArray flag1 = "FFFFFD000107000231000100280F";
+        const QByteArray flag5 = "FFFF0504022C01C7";
+        const QByteArray goal5 = "FFFF0504021E02D4";
+        const QByteArray ping3 = "FFFFFD00030300011AE6";
+        // clang-format off
+        const Exchange exchanges[] = {
+            {"broadcast ping", "FFFFFD00FE0300013142", "FFFFFD0001070055000201159CC3FFFFFD00030700550002011590E3"},
+            {"action without a kept write", "FFFFFD000103000502CE", "FFFFFD000104005502AE8C"},
+            {"reg write", "FFFFFD00010900044E0064000000B96E", done1},
+            {"its flag", flag1, "FFFFFD0001050055000156A1"},
+            {"kept", goals, "FFFFFD00010800550000000000BFB8FFFFFD000308005500000000007C34"},
+            {"action", "FFFFFD000103000502CE", done1},
+            {"carried out", goals, "FFFFFD00010800550064000000AD68FFFFFD000308005500000000007C34"},
+            {"flag down", flag1, "FFFFFD000105005500005321"},
+            {"reg write again", "FFFFFD00010900044E0064000000B96E", done1},
+            {"sync write", "FFFFFD00FE1100834E000400010B0000000321000000165B", ""},
+            {"sync read", goals, "FFFFFD0001080055000B000000BCA4FFFFFD000308005500210000007320"},
+            {"sync read with nobody at 9", "FFFFFD00FE0A00824E0004000109038910",
+                                           "FFFFFD0001080055000B000000BCA4FFFFFD000308005500210000007320"},
+            {"fast sync read", "FFFFFD00FE09008A4E00040001038EC2", "FFFFFD00FE11005500010B000000445F000321000000683E"},
+            {"fast sync read up to 9", "FFFFFD00FE0A008A4E000400010903B990", "FFFFFD00FE19005500010B00000047EC"},
+            {"bulk read", "FFFFFD00FE0D00920100000200034E0004004F7D",
+                          "FFFFFD0001060055000201C0D7FFFFFD000308005500210000007320"},
+            {"action to all", "FFFFFD00FE0300052AC2", ""},
+            {"carried out too", goals, "FFFFFD00010800550064000000AD68FFFFFD000308005500210000007320"},
+            {"bulk write", "FFFFFD00FE130093014E00040015000000033600020007002F16", ""},
+            {"written by it", goals, "FFFFFD00010800550015000000B9BCFFFFFD000308005500210000007320"},
+            {"and that", "FFFFFD00030700023600020027C9", "FFFFFD0003060055000700E6CB"},
+            {"factory reset of all", "FFFFFD00FE040006FF8E4C", ""},
+            {"refused", ping3, "FFFFFD00030700550002011590E3"},
+            {"reboot", "FFFFFD00030300082CE6", done3},
+            {"booting", ping3, "", 199ms},
+            {"booted", ping3, "FFFFFD00030700550002011590E3", 200ms},
+            {"1.0 sync write", "FFFFFE0A831E02052C010600021A", ""},
+            {"1.0 reg write", "FFFF0505041E0002D1", done5},
+            {"1.0 flag", flag5, "FFFF05030001F6"},
+            {"1.0 kept", goal5, "FFFF0504002C01C9"},
+            {"1.0 action to all", "FFFFFE0205FA", ""},
+            {"1.0 carried out", goal5, "FFFF0504000002F4"},
+            {"1.0 flag down", flag5, "FFFF05030000F7"},
+            {"1.0 action without a kept write", "FFFF050205F3", "FFFF050240B8"},
+            {"1.0 sync write to 6 as well", "FFFF0604021E02D3", "FFFF0604000002F3"},
+            {"1.0 bulk read", "FFFFFE09920002051E02061E1B", ""},
+        };
+        // clang-format on
+        BusBench bench;
+        SimulationTime now{0};
+        for (const Exchange &row : exchanges) {
+            now = std::max(now, row.time);
+            const InRow inRow(row.name);
+            QCOMPARE(bench.ask(row.request, now), row.replies);
+        }
+    }
+
+    void refusesWhatItsMemoryDoesNotTake()
+    {
+        const std::tuple<const char *, QByteArray, QByteArray> exchanges[] = {
+            {"id", "FFFFFD0003060003030009F4E1", "FFFFFD000304005501570C"},
+            {"factory reset", "FFFFFD0003040006FF55E4", "FFFFFD000304005501570C"},
+            {"still under its id", "FFFFFD00030300011AE6", "FFFFFD00030700550002011590E3"},
+            {"volatile", "FFFFFD00010900034E0005000000D87D", "FFFFFD000104005500A10C"},
+            {"1.0 id", "FFFF0504030309E7", "FFFF050240B8"},
+            {"1.0 still under its id", "FFFF050201F7", "FFFF050200F8"},
+        };
+        BusBench bench;
+        bench.setMemory(false);
+        for (const auto &[name, request, reply] : exchanges) {
+            const InRow inRow(name);
+            QCOMPARE(bench.ask(request, 0us), reply);
+        }
+        bench.setMemory(true);
+        QCOMPARE(bench.ask("FFFFFD0003060003030009F4E1", 0us), QByteArray("FFFFFD000304005500528C"));
     }
 
     void ax12AnswersMovesAndRefuses()

@@ -51,9 +51,7 @@ std::vector<FaultInjector::Piece> FaultInjector::pass(const QByteArray &reply)
         bytes.prepend(strayBytes());
     ++m_replies;
 
-    std::vector<Piece> pieces = m_settings.chunk ? chunks(bytes) : std::vector<Piece>{{bytes, {}}};
-    pieces.front().pause += m_settings.delay;
-    return pieces;
+    return m_settings.chunk ? chunks(bytes) : std::vector<Piece>{{bytes, {}}};
 }
 
 void FaultInjector::corrupt(QByteArray &reply)

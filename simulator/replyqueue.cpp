@@ -1,28 +1,37 @@
 #include "simulator/replyqueue.h"
 
-#include <algorithm>
-
 namespace simulator {
+
+namespace {
+
+/** Replies to some hundred polls: more than a client leaves open that minds what comes back. */
+constexpr int MostBytes = 65536;
+
+} // namespace
 
 ReplyQueue::ReplyQueue(Clock clock, QObject *parent) : QObject(parent), m_clock(std::move(clock))
 {
     connect(&m_timer, &PreciseTimer::timeout, this, &ReplyQueue::sendDue);
 }
 
-SimulationTime ReplyQueue::endAfter(SimulationTime now) const
+bool ReplyQueue::isFull() const
 {
-    return m_entries.empty() ? now : std::max(now, m_entries.back().due);
+    return m_size >= MostBytes;
 }
 
 void ReplyQueue::push(const QByteArray &bytes, SimulationTime due)
 {
+    if (isFull())
+        return;
     m_entries.push_back({bytes, due});
+    m_size += bytes.size();
     sendDue();
 }
 
 void ReplyQueue::clear()
 {
     m_entries.clear();
+    m_size = 0;
     m_timer.stop();
 }
 
@@ -36,6 +45,7 @@ void ReplyQueue::sendDue()
         }
         const QByteArray bytes = m_entries.front().bytes;
         m_entries.pop_front();
+        m_size -= bytes.size();
         Q_EMIT send(bytes);
     }
 }

@@ -10,7 +10,7 @@
 
 namespace simulator {
 
-/** Holds bytes back until they are due; what was queued first goes out first. */
+/** Holds bytes, up to a limit, back until they are due; what was queued first goes out first. */
 class ReplyQueue : public QObject
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ public:
 
     explicit ReplyQueue(Clock clock, QObject *parent = nullptr);
 
-    /** When the last of the queued bytes goes out, or @p now when there are none. */
-    SimulationTime endAfter(SimulationTime now) const;
-    /** Sends @p bytes at @p due, or at once when that is over and nothing is queued. */
+    /** Whether what is pushed now is lost, since so much waits already. */
+    bool isFull() const;
+    /** Sends @p bytes at @p due, or at once when that is over and nothing is queued; drops them when it is full. */
     void push(const QByteArray &bytes, SimulationTime due);
     void clear();
 
@@ -41,6 +41,7 @@ private:
     Clock m_clock;
     PreciseTimer m_timer;
     std::deque<Entry> m_entries;
+    int m_size = 0; ///< bytes in all of them
 };
 
 } // namespace simulator

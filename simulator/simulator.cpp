@@ -28,7 +28,7 @@ SimulatedBus::Servos makeServos(const std::vector<ServoChoice> &choices)
 
 Simulator::Simulator(const SimulatorOptions &options, QObject *parent)
     : QObject(parent), m_options(options), m_bus(makeServos(options.servos)), m_faults(options.faults, options.seed),
-      m_replies([this] { return now(); })
+      m_schedule(options.faults.delay), m_replies([this] { return now(); })
 {
     m_motionTimer.setInterval(MotionInterval);
     connect(&m_motionTimer, &QTimer::timeout, this, &Simulator::keepMoving);
@@ -68,7 +68,7 @@ void Simulator::onReceived(const QByteArray &bytes)
     const SimulationTime received = now();
     const int baudRate = m_port.baudRate();
     if (m_faults.settings().echo)
-        m_replies.push(bytes, m_replies.endAfter(received));
+        m_replies.push(bytes, received);
     const std::vector<BusReply> replies = m_bus.receive(bytes, baudRate, received);
     keepState(); // before the replies, so that what was answered survives whatever happens then
     for (const BusReply &reply : replies) {
@@ -84,12 +84,14 @@ void Simulator::onReceived(const QByteArray &bytes)
 
 void Simulator::queueReply(const BusReply &reply, int baudRate, SimulationTime received)
 {
-    SimulationTime due = m_replies.endAfter(received);
+    if (m_replies.isFull())
+        return; // a line that is asked for more than it can carry; what it drops takes no time
+    SimulationTime duration{0};
     if (m_options.isPaced)
-        due += wireTime(reply.requestSize + reply.bytes.size(), baudRate) + reply.acknowledgeTime;
+        duration = wireTime(reply.requestSize + reply.bytes.size(), baudRate) + reply.acknowledgeTime;
     for (const FaultInjector::Piece &piece : m_faults.pass(reply.bytes)) {
-        due += piece.pause;
-        m_replies.push(piece.bytes, due);
+        m_replies.push(piece.bytes, m_schedule.arrival(received, duration + piece.pause));
+        duration = {};
     }
 }
 
@@ -97,6 +99,7 @@ void Simulator::onClientChanged()
 {
     m_bus.forgetPartialPacket();
     m_replies.clear();
+    m_schedule.clear();
 }
 
 void Simulator::keepState()

@@ -2,6 +2,7 @@
 
 #include "simulator/buspublication.h"
 #include "simulator/faultinjector.h"
+#include "simulator/lineschedule.h"
 #include "simulator/ptyport.h"
 #include "simulator/replyqueue.h"
 #include "simulator/simulatedbus.h"
@@ -50,6 +51,7 @@ private:
     std::optional<StateFile> m_stateFile;
     PtyPort m_port;
     BusPublication m_publication; ///< goes before the port, so that it never leads nowhere
+    LineSchedule m_schedule;
     ReplyQueue m_replies;
     QTimer m_motionTimer;
 };

@@ -179,8 +179,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("fault");
         QTest::addColumn<Operation>("operation");
-        const char *const faults[] = {"drop=0.4", "corrupt=0.4", "truncate=0.4", "garbage=0.5",   "delay=15",
-                                      "chunk",    "echo",        "mute-after=2", "vanish-after=2"};
+        const char *const faults[] = {"drop=0.4",  "corrupt=0.4", "truncate=0.4", "garbage=0.5",  "delay=45",
+                                      "delay=100", "chunk",       "echo",         "mute-after=2", "vanish-after=2"};
         const std::pair<const char *, Operation> operations[] = {{"poll", poll},
                                                                  {"write", write},
                                                                  {"reboot, reset", rebootAndReset},

@@ -3,6 +3,8 @@
 #include "serialport/protocol2.h"
 #include "simulator/ax12servo.h"
 #include "simulator/baudcode.h"
+#include "simulator/lineschedule.h"
+#include "simulator/replyqueue.h"
 #include "simulator/simulatedbus.h"
 #include "simulator/zelvarregisters.h"
 #include "simulator/zelvarservo.h"
@@ -246,6 +248,19 @@ private Q_SLOTS:
         }
         bench.setMemory(true);
         QCOMPARE(bench.ask("FFFFFD0003060003030009F4E1", 0us), QByteArray("FFFFFD000304005500528C"));
+    }
+
+    void noReplyWaitsForAnother()
+    {
+        LineSchedule late(1s);
+        for (SimulationTime asked = 0s; asked < 20s; asked += 50ms)
+            QCOMPARE((late.arrival(asked, 1ms) - asked).count(), SimulationTime(1001ms).count());
+        // What a client never reads is dropped at some time.
+        ReplyQueue queue([] { return SimulationTime(0); });
+        int pushed = 0;
+        for (; pushed < 100000 && !queue.isFull(); ++pushed)
+            queue.push(QByteArray(129, 'x'), 1h);
+        QVERIFY(pushed > 100 && pushed < 10000);
     }
 
     void ax12AnswersMovesAndRefuses()

@@ -15,8 +15,8 @@ DrivenServo::DrivenServo(Changing changing)
     : m_changing(changing), m_table(m_values.table()),
       m_peer([this](const wire::Packet &request) { return answer(request); })
 {
-    QString error = m_publication.claimAny(QStringLiteral("zelvar-bench"));
-    if (error.isEmpty())
+    QString error;
+    if (m_publication.claimAny(QStringLiteral("zelvar-bench"), &error) == simulator::BusPublication::Claim::Made)
         error = m_publication.publish(m_peer.path());
     if (!error.isEmpty())
         qFatal("%s", qPrintable(error));

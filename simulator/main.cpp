@@ -12,9 +12,19 @@ namespace {
 
 constexpr int UsageError = 2;
 
+/** Prints @p text as one line, whatever the arguments and file names in it are made of. */
+void say(QString text)
+{
+    for (QChar &character : text) {
+        if (!character.isPrint())
+            character = QLatin1Char('?');
+    }
+    std::fprintf(stderr, "zelvar-servo-simulator: %s\n", qPrintable(text));
+}
+
 int fail(const QString &error)
 {
-    std::fprintf(stderr, "zelvar-servo-simulator: %s\n", qPrintable(error));
+    say(error);
     return UsageError;
 }
 
@@ -28,6 +38,8 @@ int run(const SimulatorOptions &options)
         failure = error;
         QCoreApplication::quit();
     });
+
+    QObject::connect(&simulator, &Simulator::noticed, qApp, say);
 
     const QString error = simulator.start();
     if (!error.isEmpty())

@@ -40,21 +40,41 @@ Simulator::Simulator(const SimulatorOptions &options, QObject *parent)
 
 QString Simulator::start()
 {
-    QString error =
-        m_options.isNameGiven ? m_publication.claim(m_options.name) : m_publication.claimAny(m_options.name);
-    if (error.isEmpty() && !m_options.stateFile.isEmpty()) {
-        std::vector<StateFile::Entry> entries;
-        for (std::size_t i = 0; i < m_options.servos.size(); ++i)
-            entries.push_back({m_options.servos[i].label(), m_bus.servos()[i].get()});
-        m_stateFile.emplace(m_options.stateFile, std::move(entries));
-        error = m_stateFile->open();
-    }
+    QString error = claimName();
+    if (error.isEmpty())
+        error = openStateFile();
     if (error.isEmpty())
         error = m_port.open();
-    if (error.isEmpty() && !m_options.link.isEmpty())
-        error = m_publication.publishAt(m_options.link, m_port.devicePath());
     if (error.isEmpty())
         error = m_publication.publish(m_port.devicePath());
+    if (error.isEmpty() && !m_options.link.isEmpty())
+        error = m_publication.publishAt(m_options.link, m_port.devicePath());
+    return error;
+}
+
+QString Simulator::claimName()
+{
+    QString error;
+    const auto claim = m_options.isNameGiven ? m_publication.claim(m_options.name, &error)
+                                             : m_publication.claimAny(m_options.name, &error);
+    if (claim == BusPublication::Claim::Taken)
+        return error;
+    if (claim == BusPublication::Claim::NoFolder)
+        Q_EMIT noticed(error); // whoever knows the device file can do without the list
+    return {};
+}
+
+QString Simulator::openStateFile()
+{
+    if (m_options.stateFile.isEmpty())
+        return {};
+    std::vector<StateFile::Entry> entries;
+    for (std::size_t i = 0; i < m_options.servos.size(); ++i)
+        entries.push_back({m_options.servos[i].label(), m_bus.servos()[i].get()});
+    m_stateFile.emplace(m_options.stateFile, std::move(entries));
+    QString error = m_stateFile->open();
+    for (const auto &servo : m_bus.servos())
+        servo->setMemory([this] { return keepState(); });
     return error;
 }
 
@@ -70,7 +90,6 @@ void Simulator::onReceived(const QByteArray &bytes)
     if (m_faults.settings().echo)
         m_replies.push(bytes, received);
     const std::vector<BusReply> replies = m_bus.receive(bytes, baudRate, received);
-    keepState(); // before the replies, so that what was answered survives whatever happens then
     for (const BusReply &reply : replies) {
         queueReply(reply, baudRate, received);
         if (m_faults.hasVanished()) {
@@ -102,13 +121,14 @@ void Simulator::onClientChanged()
     m_schedule.clear();
 }
 
-void Simulator::keepState()
+/** Before anything is answered, so that what was answered survives whatever happens then. */
+bool Simulator::keepState()
 {
-    if (!m_stateFile)
-        return;
     const QString error = m_stateFile->save();
-    if (!error.isEmpty())
-        Q_EMIT finished(error);
+    if (!error.isEmpty() && !m_hasMemoryFailed) // once, since clients repeat what was refused
+        Q_EMIT noticed(error + QStringLiteral(" (the servo answers with a failure)"));
+    m_hasMemoryFailed = !error.isEmpty();
+    return !m_hasMemoryFailed;
 }
 
 void Simulator::keepMoving()

@@ -24,7 +24,7 @@ class Simulator : public QObject
 public:
     explicit Simulator(const SimulatorOptions &options, QObject *parent = nullptr);
 
-    /** @return an empty text on success, otherwise one line for the user. */
+    /** @return an empty text on success, otherwise one line for the user. May send noticed(). */
     QString start();
     /** Name of the bus in the list of ports. */
     QString name() const { return m_publication.name(); }
@@ -33,6 +33,8 @@ public:
     const SimulatedBus::Servos &servos() const { return m_bus.servos(); }
 
 Q_SIGNALS:
+    /** Something that the user should know, in one line, while the bus goes on. */
+    void noticed(const QString &text);
     /** The port is to go away. @p error is empty when that was asked for. */
     void finished(const QString &error);
 
@@ -41,7 +43,9 @@ private:
     void onReceived(const QByteArray &bytes);
     void onClientChanged();
     void queueReply(const BusReply &reply, int baudRate, SimulationTime received);
-    void keepState();
+    QString claimName();
+    QString openStateFile();
+    bool keepState();
     void keepMoving();
 
     SimulatorOptions m_options;
@@ -49,6 +53,7 @@ private:
     SimulatedBus m_bus;
     FaultInjector m_faults;
     std::optional<StateFile> m_stateFile;
+    bool m_hasMemoryFailed = false; ///< the last time that it was written to
     PtyPort m_port;
     BusPublication m_publication; ///< goes before the port, so that it never leads nowhere
     LineSchedule m_schedule;

@@ -32,20 +32,20 @@ constexpr OptionText NameOption{"name",
     "unless given.",
     "NAME"};
 constexpr OptionText LinkOption{"link",
-    "Make a link to the serial device file at PATH as well.", "PATH"};
+    "Make a link to the bus at PATH as well; only a link left by an earlier simulator is replaced.", "PATH"};
 constexpr OptionText PaceOption{"pace",
     "Hold every reply back for as long as request, acknowledge time and reply take on a wire at the "
     "client's baud rate."};
 constexpr OptionText StateOption{"state",
-    "Keep the non-volatile registers in FILE from run to run. What is in it goes before the baud rates "
-    "given with --servo.",
+    "Keep the non-volatile registers in FILE from run to run. The id and baud rate in it go before those "
+    "given with --servo, under whose MODEL:ID they are kept.",
     "FILE"};
 constexpr OptionText SeedOption{"seed",
     "Seed of the faults, 1 unless given: the same seed spoils the same replies.", "N"};
 constexpr OptionText FaultOption{"fault",
     "Something that goes wrong; repeatable. With the probability P (0 to 1) a reply is lost (drop=P), "
     "has a wrong byte (corrupt=P), lacks its end (truncate=P) or follows stray bytes (garbage=P); "
-    "replies are late by MS milliseconds (delay=MS) or come in pieces (chunk); requests come back to "
+    "each reply is late by MS milliseconds (delay=MS) or come in pieces (chunk); requests come back to "
     "the client (echo); after N replies there are no more (mute-after=N), or the port goes away when "
     "the next one is due (vanish-after=N).",
     "KIND[=VALUE]"};

@@ -3,7 +3,7 @@
 SimulatorProcess::SimulatorProcess(const QStringList &arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(ZELVAR_SIMULATOR), arguments, QIODevice::ReadOnly);
+    m_process.start(program(), arguments, QIODevice::ReadOnly);
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead())
             return;
@@ -15,6 +15,11 @@ SimulatorProcess::~SimulatorProcess()
 {
     m_process.terminate();
     m_process.waitForFinished();
+}
+
+QString SimulatorProcess::program()
+{
+    return QStringLiteral(ZELVAR_SIMULATOR);
 }
 
 void SimulatorProcess::kill()

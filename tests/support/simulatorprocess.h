@@ -13,6 +13,8 @@ public:
     ~SimulatorProcess();
     Q_DISABLE_COPY(SimulatorProcess)
 
+    /** The program that this runs. */
+    static QString program();
     /** Name of its bus in the port list; empty when it did not start. */
     QString name() const { return m_readyLine.section(QLatin1Char(' '), 0, 0); }
     QString device() const { return m_readyLine.section(QLatin1Char(' '), -1); }

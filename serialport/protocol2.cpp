@@ -126,12 +126,13 @@ QByteArray writeParameters(quint16 address, const QByteArray &data)
 
 QByteArray stuffed(const QByteArray &bytes)
 {
-    if (!bytes.contains(StuffingPattern))
+    int at = patternAt(bytes, 0, bytes.size());
+    if (at < 0)
         return bytes;
     QByteArray result;
     result.reserve(bytes.size() + bytes.size() / StuffingPattern.size());
     int copied = 0;
-    for (int at = bytes.indexOf(StuffingPattern); at >= 0; at = bytes.indexOf(StuffingPattern, copied)) {
+    for (; at >= 0; at = patternAt(bytes, copied, bytes.size())) {
         const int end = at + StuffingPattern.size();
         result.append(bytes.constData() + copied, end - copied);
         result.append(StuffingByte);
@@ -143,12 +144,13 @@ QByteArray stuffed(const QByteArray &bytes)
 
 std::optional<QByteArray> unstuffed(const QByteArray &bytes)
 {
-    if (!bytes.contains(StuffingPattern))
+    int at = patternAt(bytes, 0, bytes.size());
+    if (at < 0)
         return bytes;
     QByteArray result;
     result.reserve(bytes.size());
     int copied = 0;
-    for (int at = bytes.indexOf(StuffingPattern); at >= 0; at = bytes.indexOf(StuffingPattern, copied)) {
+    for (; at >= 0; at = patternAt(bytes, copied, bytes.size())) {
         const int end = at + StuffingPattern.size();
         if (end >= bytes.size() || bytes[end] != StuffingByte)
             return std::nullopt;

@@ -22,9 +22,6 @@ protected:
     void applyRegisters() override;
     void followDrive(SimulationTime now) override;
 
-    /** A raw register value, for looking inside. REQUIRES: a register begins at @p address. */
-    qint32 registerValue(int address) const { return m_registers.value(address); }
-
 private:
     bool goesBeyondAngleLimits(int address, const QByteArray &data) const;
     bool isWheel() const;

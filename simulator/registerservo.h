@@ -23,6 +23,9 @@ public:
     RegisterValues nonVolatileRegisters() const override { return m_registers.nonVolatileValues(); }
     void restoreNonVolatileRegisters(const RegisterValues &values) override;
 
+    /** A raw register value, for looking inside. REQUIRES: a register begins at @p address. */
+    qint32 registerValue(int address) const { return m_registers.value(address); }
+
 protected:
     /** Where a family has the registers that every servo has. */
     struct Layout

@@ -11,9 +11,6 @@ public:
     /** A servo at the factory defaults but for @p id and @p baudCode. */
     ZelvarServo(quint8 id, quint8 baudCode);
 
-    /** A raw register value, for looking inside. REQUIRES: a register begins at @p address. */
-    qint32 registerValue(int address) const { return m_registers.value(address); }
-
 protected:
     QByteArray status(quint8 id, Outcome outcome, const QByteArray &parameters) const override;
     bool answers(quint8) const override { return true; }

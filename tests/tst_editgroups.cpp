@@ -29,6 +29,33 @@ private Q_SLOTS:
         QVERIFY(!id.isEnabled());
     }
 
+    // The block may go out, and the servo with it to another address, while the button is held.
+    void thePressAppliesWhateverComesBeforeTheRelease()
+    {
+        for (const char *group : {"nv", "v"}) {
+            for (const bool isByMouse : {true, false}) {
+                const InRow row(QString(group) + (isByMouse ? " mouse" : " space"));
+                ConnectedEditView fixture;
+                QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
+                fixture.connectAndFeed(ConnectedEditView::jointTable());
+                fixture.view->show();
+                auto &button = fixture.editSave(group);
+                auto &field = fixture.child<QDoubleSpinBox>(group[0] == 'n' ? "temperatureLimitDoubleSpinBox"
+                                                                            : "targetPositionDoubleSpinBox");
+                button.click();
+                field.setValue(1);
+                isByMouse ? QTest::mousePress(&button, Qt::LeftButton) : QTest::keyPress(&button, Qt::Key_Space);
+                fixture.groups().setServoReachable(false);
+                isByMouse ? QTest::mouseRelease(&button, Qt::LeftButton) : QTest::keyRelease(&button, Qt::Key_Space);
+                QCOMPARE(writes.size(), 1);
+                QVERIFY(!button.isChecked() && !field.isEnabled() && !fixture.cancel(group).isEnabled());
+                QCOMPARE(button.text(), QString("Edit"));
+                fixture.groups().setServoReachable(true);
+                QVERIFY(button.isEnabled());
+            }
+        }
+    }
+
     void cancelAndDisconnectDropEdits()
     {
         ConnectedEditView fixture;

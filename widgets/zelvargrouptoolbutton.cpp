@@ -3,9 +3,13 @@
 #include "device/devicehelper.h"
 #include "widgets/followeddevice.h"
 
+#include <utility>
+
 ZelvarGroupToolButton::ZelvarGroupToolButton(QWidget *parent) : QToolButton(parent)
 {
     setEnabled(false);
+    connect(this, &QAbstractButton::pressed, this, [this] { m_unchecksAtRelease = isChecked(); });
+    connect(this, &QAbstractButton::released, this, &ZelvarGroupToolButton::finishPress);
 }
 
 ZelvarGroupToolButton::Role ZelvarGroupToolButton::role() const
@@ -60,6 +64,14 @@ void ZelvarGroupToolButton::incrementReferenceCount(bool dirty)
 void ZelvarGroupToolButton::clearReferenceCount()
 {
     m_referenceCount = 0;
+}
+
+// Qt counts the press as taken back when the button is disabled before the release, or the pointer has left it. But
+// what the press of a checked button applies is on its way then.
+void ZelvarGroupToolButton::finishPress()
+{
+    if (std::exchange(m_unchecksAtRelease, false))
+        setChecked(false);
 }
 
 // A block laid out for the own family must never reach a servo with another register table.

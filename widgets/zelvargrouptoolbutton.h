@@ -37,9 +37,12 @@ public Q_SLOTS:
     void on_deviceLoaded();
 
 private:
+    void finishPress();
+
     Role m_role = EditSave;
     qint32 m_referenceCount = 0;
     std::function<void()> m_saveAction;
     bool m_deviceLoaded = false;
     bool m_inhibited = false;
+    bool m_unchecksAtRelease = false;
 };

@@ -33,8 +33,7 @@ void Settings::setValue(const QString &key, const QVariant &value)
 
 int Settings::boundedInt(const QString &key, int defaultValue, int minimum, int maximum) const
 {
-    bool isNumber = false;
     // QVariant::toInt() would cut a larger number down to its low 32 bits, which may well lie in the range.
-    const qlonglong number = value(key, defaultValue).toLongLong(&isNumber);
-    return isNumber && number >= minimum && number <= maximum ? static_cast<int>(number) : defaultValue;
+    const qlonglong number = value(key, defaultValue).toLongLong();
+    return static_cast<int>(qBound(qlonglong(minimum), number, qlonglong(maximum)));
 }

@@ -24,8 +24,8 @@ public:
     void setValue(const QString &key, const QVariant &value);
 
     /**
-     * The stored whole number of @p key; @p defaultValue when there is none, or when what is stored is no number from
-     * @p minimum to @p maximum: the store is a file that anybody may have edited.
+     * The stored whole number of @p key, @p defaultValue when there is none. The store is a file that anybody may have
+     * edited: what is no number reads as 0, and a number beyond @p minimum or @p maximum ends there.
      */
     int boundedInt(const QString &key, int defaultValue, int minimum, int maximum) const;
 

@@ -227,8 +227,10 @@ void SettingsDialog::fillPorts()
 
 void SettingsDialog::loadPort()
 {
-    m_portSettings.baudRate = m_portStore->boundedInt(BaudRateKey, DefaultBaudRate, 1, HighestBaudRate);
-    showBaudRate(m_portSettings.baudRate);
+    // What is no baud rate leaves the list at its first entry.
+    const int baudRate = m_portStore->boundedInt(BaudRateKey, DefaultBaudRate, 0, HighestBaudRate + 1);
+    if (baudRate > 0 && baudRate <= HighestBaudRate)
+        showBaudRate(baudRate);
     m_portSettings.portName = m_portStore->value(PortNameKey, QString()).toString();
     m_ui->serialPortInfoListBox->setCurrentText(m_portSettings.portName);
 }
@@ -238,12 +240,6 @@ void SettingsDialog::loadUnits()
     for (const UnitRow &row : UnitRows)
         m_units.*row.field = m_unitsStore->value(QLatin1String(row.key), 0).toInt();
     showUnits();
-    // What the store holds is believed only as far as there are units: the buttons are read back for most, and here
-    // for those that have one button or none.
-    for (const UnitRow &row : UnitRows) {
-        if (!row.button1)
-            m_units.*row.field = 0;
-    }
 }
 
 /** Makes @p baudRate the list's current entry; one of the user's own becomes an entry, so that it stays visible. */

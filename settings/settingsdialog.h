@@ -34,7 +34,10 @@ public:
 
     /** The port settings last applied or loaded. */
     PortSettings portSettings() const;
-    /** The unit choices last applied or loaded; every index is one that the unit table has. */
+    /**
+     * The unit choices last applied or loaded. A quantity with one button or none has whatever index the store has; one
+     * that is not in the unit table stands for the first unit.
+     */
     PhysicalQuantities units() const;
 
 public Q_SLOTS:

@@ -89,12 +89,16 @@ private Q_SLOTS:
             QMetaObject::invokeMethod(again.window.get(), "on_updateId", Q_ARG(int, 7)); // from the search
             QCOMPARE(settings.value("servoId", 0).toInt(), 7);
         }
-        for (const QVariant &garbage : {QVariant(1000000000), QVariant("first"), QVariant(-1)}) {
-            for (const char *key : {"pollingInterval", "servoId", "geometry"})
-                settings.setValue(key, garbage);
-            Fixture unimpressed;
-            QCOMPARE(unimpressed.interval()->value(), 500);
-            QCOMPARE(unimpressed.servoId()->value(), 0);
+        // Edited by hand: text reads as 0, and numbers end at the limits.
+        const std::tuple<QVariant, int, int> rows[] = {
+            {9999, 5000, 253}, {"abc", 10, 0}, {-1, 10, 0}, {Q_INT64_C(4294967396), 5000, 253}};
+        for (const auto &[stored, interval, servoId] : rows) {
+            const InRow row(stored.toString());
+            for (const char *key : {"pollingInterval", "servoId", "geometry", "windowState"})
+                settings.setValue(key, stored);
+            Fixture bounded;
+            QCOMPARE(bounded.interval()->value(), interval);
+            QCOMPARE(bounded.servoId()->value(), servoId);
         }
     }
 

@@ -46,16 +46,16 @@ class TestSettings : public QObject
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
 
-    void theStoreIsBelievedWhereItMakesSense()
+    void theStoreIsReadAsQtConvertsIt()
     {
         // clang-format off
         const std::tuple<const char *, QVariant, QVariant, int, const char *> rows[] = {
             {"nothing",        {},      {},    1000000, "000000000"},
             {"of the list",    57600,   0,     57600,   "000000000"},
-            {"the user's own", 123456,  1,     123456,  "110101101"},
-            {"too high",       4000001, 7,     1000000, "000000000"},
-            {"negative",       -9600,   -1,    1000000, "000000000"},
-            {"text",           "fast",  "rpm", 1000000, "000000000"},
+            {"the user's own", 123456,  1,     123456,  "111111111"},
+            {"too high",       4000001, 7,     9600,    "007070070"},
+            {"negative",       -9600,   -1,    9600,    "00-10-100-10"},
+            {"text",           "abc",   "rpm", 9600,    "000000000"},
         };
         // clang-format on
         for (const auto &[name, baudRate, unit, baudRateShown, units] : rows) {
@@ -75,7 +75,11 @@ private Q_SLOTS:
             QCOMPARE(fixture.box("baudRateBox")->currentText(), QString::number(baudRateShown));
             QCOMPARE(digits(fixture.dialog->units()), QString(units));
             QCOMPARE(fixture.radio("degreesRadioButton")->isChecked(), units[1] == '1');
-            QCOMPARE(fixture.radio("ampsRadioButton")->isChecked(), units[5] == '0');
+            QCOMPARE(fixture.radio("ampsRadioButton")->isChecked(), unit.toInt() != 1);
+            QCOMPARE(fixture.radio("voltageRadioButton")->isChecked(), unit.toInt() == 0);
+            fixture.click("okButton"); // stores what was read, but for what has no button
+            QCOMPARE(digits(Fixture().dialog->units()), QString(units));
+            QCOMPARE(store.value("units settings/returnDelay"), unit);
         }
     }
 

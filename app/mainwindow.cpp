@@ -162,7 +162,7 @@ MainWindow::~MainWindow()
     m_scheduler.reset();
     m_pollTarget.reset();
     // The views, their controls first, while the helpers that they are registered with are still there.
-    delete takeCentralWidget();
+    delete centralWidget();
     releaseHelpers();
 }
 

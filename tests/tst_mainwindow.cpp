@@ -196,6 +196,26 @@ private Q_SLOTS:
         QCOMPARE(SettingsDialog::instance()->portSettings().baudRate, 1000000);
     }
 
+    // Taken out of the window first, all its controls would be styled anew only to go.
+    void closingStylesNothing()
+    {
+        struct StyleCounter : QObject
+        {
+            int changes = 0;
+
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                changes += event->type() == QEvent::StyleChange || event->type() == QEvent::Polish;
+                return false;
+            }
+        } counter;
+        Fixture fixture;
+        fixture.window->show();
+        qApp->installEventFilter(&counter);
+        fixture.window.reset();
+        QCOMPARE(counter.changes, 0);
+    }
+
     void oneShotOperations()
     {
         const QByteArray good("\xFF\xFF\xC8\x02\0\0", 6);

@@ -461,6 +461,7 @@ void MainWindow::onConnectionLost(const QString &reason)
         return; // nobody uses it any more
     if (isConnected)
         on_actionDisconnect_triggered();
+    m_isPortReleased = true; // told here, and once is enough
     boxes::show(this, QMessageBox::Critical, tr("Error"), reason);
 }
 
@@ -490,11 +491,12 @@ void MainWindow::run(const OneShotOperation &operation)
     const auto servoId = static_cast<uint8_t>(m_idSpinBox->value());
     const bool isAccepted = (device.*operation.start)(servoId, keepReply);
     disconnect(watch);
-    if (!isAccepted)
-        boxes::show(this, QMessageBox::Critical, tr("Error"), operation.refused);
-    else if (reply)
+    const bool isLossTold = std::exchange(m_isPortReleased, true);
+    if (reply)
         showResult(operation, *reply, result);
-    else
+    else if (!isLossTold && !isAccepted)
+        boxes::show(this, QMessageBox::Critical, tr("Error"), operation.refused);
+    else if (!isLossTold)
         tellNoAnswer(servoId);
 }
 

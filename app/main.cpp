@@ -1,3 +1,4 @@
+#include "app/commandline.h"
 #include "app/framelimiter.h"
 #include "app/mainwindow.h"
 #include "app/translations.h"
@@ -5,11 +6,17 @@
 #include <QApplication>
 #include <QLocale>
 
+#include <cstdlib>
+
 int main(int argc, char *argv[])
 {
+    if (commandline::answersQuestion(argc, argv))
+        return EXIT_SUCCESS;
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
+    if (!commandline::isValid(QApplication::arguments()))
+        return EXIT_FAILURE;
     // By this name, the desktop finds the menu entry, and with it the icon, that the window belongs to.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ostravel.ZelvarServoManager"));
     installTranslations(application, QLocale::system());

@@ -353,7 +353,9 @@ void MainWindow::restoreWindow()
     restoreState(m_settings->value(WindowStateKey, QByteArray()).toByteArray());
     if (isMaximized() || isFullScreen())
         return;
-    const QRect fitting = screenfit::fitted(geometry(), availableScreen(geometry()), expectedFrame(*style()));
+    // Smaller than this it would become larger, and hang over the edge, as soon as it shows.
+    const QRect wanted(geometry().topLeft(), size().expandedTo(minimumSizeHint()));
+    const QRect fitting = screenfit::fitted(wanted, availableScreen(wanted), expectedFrame(*style()));
     if (isStored)
         setGeometry(fitting);
     else
@@ -491,6 +493,8 @@ void MainWindow::run(const OneShotOperation &operation)
     const auto servoId = static_cast<uint8_t>(m_idSpinBox->value());
     const bool isAccepted = (device.*operation.start)(servoId, keepReply);
     disconnect(watch);
+    if (!reply && isAccepted && result.outcome == BusResult::Outcome::PortLost)
+        return; // which is told of by itself
     const bool isLossTold = std::exchange(m_isPortReleased, true);
     if (reply)
         showResult(operation, *reply, result);

@@ -1,8 +1,6 @@
-// What a user is told about each control: the names and values that a screen reader gets, tool tips, what's-this texts;
-// and that the window is never larger than the screen.
+// What a user is told about each control: the names and values that a screen reader gets, tool tips, what's-this texts.
 
 #include "app/mainwindow.h"
-#include "app/screenfit.h"
 #include "link/serialhelper.h"
 #include "search/searchdialog.h"
 #include "tests/support/connectededitview.h"
@@ -158,42 +156,6 @@ private Q_SLOTS:
             texts.insert(group->whatsThis());
         QCOMPARE(texts.size(), 6);
         QVERIFY(!texts.contains(QString()));
-    }
-
-    void aWindowTakesWhatTheScreenHas()
-    {
-        const QRect small(0, 0, 1366, 768);
-        // clang-format off
-        const std::tuple<const char *, QRect, QRect, QRect> rows[] = {
-            {"fits",             {700, 50, 1192, 1428},  {0, 0, 2560, 1600},   {700, 50, 1192, 1428}},
-            {"too high",         {50, 50, 1192, 1428},   small,                {50, 30, 1192, 734}  },
-            {"too wide",         {50, 50, 1400, 400},    small,                {4, 50, 1358, 400}   },
-            {"frame too much",   {4, 30, 1192, 760},     small,                {4, 30, 1192, 734}   },
-            {"outside",          {-500, 2000, 600, 400}, small,                {4, 364, 600, 400}   },
-            {"on another",       {1300, 50, 1192, 1428}, {1366, 20, 1366, 748}, {1370, 50, 1192, 714}},
-            {"no room",          {0, 0, 1192, 1428},     {0, 0, 4, 4},         {4, 30, 0, 0}        },
-        };
-        // clang-format on
-        for (const auto &[name, wanted, available, fitted] : rows) {
-            const InRow row(name);
-            QCOMPARE(screenfit::fitted(wanted, available, QMargins(4, 30, 4, 4)), fitted);
-        }
-    }
-
-    void theWindowFitsTheScreenAtEachStart()
-    {
-        {
-            Fixture first;
-            const QSize available = first.window.screen()->availableGeometry().size();
-            QVERIFY(first.window.width() <= available.width());
-            QVERIFY(first.window.height() < available.height());
-            QVERIFY(first.window.height() > available.height() - 100);
-            first.window.setGeometry(900, 700, 1192, 1428); // of a larger screen
-            first.window.close();
-        }
-        Fixture again;
-        const QRect available = again.window.screen()->availableGeometry();
-        QCOMPARE(again.window.geometry() & available, again.window.geometry());
     }
 };
 

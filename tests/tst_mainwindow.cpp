@@ -1,7 +1,6 @@
 // The window's sequences: connect, disconnect, reboot and factory reset, with their boxes, over a serial port that does
 // what the test says.
 
-#include "app/framelimiter.h"
 #include "app/mainwindow.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
@@ -45,17 +44,6 @@ struct Fixture
         trigger("actionConnect");
         port->deliver(QByteArray(2 + 11, '\0'));
         QTRY_VERIFY(port->operations().count("read") >= 2);
-    }
-};
-
-struct PaintedLabel : QLabel
-{
-    QStringList painted;
-
-    void paintEvent(QPaintEvent *event) override
-    {
-        painted.append(text());
-        QLabel::paintEvent(event);
     }
 };
 

@@ -137,6 +137,7 @@ void SettingsDialog::showPortDetails(const QStringList &details)
 void SettingsDialog::apply()
 {
     readPort();
+    m_chosenPort = m_portSettings.portName;
     m_portStore->setValue(BaudRateKey, m_portSettings.baudRate);
     m_portStore->setValue(PortNameKey, m_portSettings.portName);
     readUnits();
@@ -191,6 +192,8 @@ void SettingsDialog::makeConnections()
     connect(m_ui->okButton, SIGNAL(clicked()), this, SLOT(apply()));
     connect(m_ui->cancelButton, SIGNAL(clicked()), this, SLOT(cancel()));
     connect(m_ui->serialPortInfoListBox, SIGNAL(currentIndexChanged(int)), this, SLOT(showPortInfo(int)));
+    connect(m_ui->serialPortInfoListBox, &QComboBox::currentTextChanged, this,
+            [this](const QString &name) { m_chosenPort = name; });
     connect(m_ui->baudRateBox, SIGNAL(currentIndexChanged(int)), this, SLOT(checkCustomBaudRatePolicy(int)));
 }
 
@@ -207,21 +210,22 @@ void SettingsDialog::fillParameters()
         m_ui->stopBitsBox->addItem(QLatin1String(choice.text), choice.data);
 }
 
-/** Lists the ports present now and keeps the chosen one, if it still is among them. */
+/** Lists the ports present now. The chosen one is shown again as soon as it is back. */
 void SettingsDialog::fillPorts()
 {
     QComboBox *list = m_ui->serialPortInfoListBox;
-    const QString chosen = list->currentText();
+    const bool wasEmpty = list->count() == 0;
     {
-        const QSignalBlocker blocker(list);
+        const QSignalBlocker blocker(list); // a refill chooses nothing
         fillPortList(*list, m_serialHelper->getSerialPortList(), tr("N/A"));
-        // The stored port comes back when its adapter does, unless the user has chosen one that is still there.
-        list->setCurrentText(m_portStore->value(PortNameKey, QString()).toString());
-        list->setCurrentText(chosen);
+        list->setCurrentText(m_chosenPort);
     }
+    // While the stored port was away at the start, the first one of the list stood in for it.
+    if (list->currentText() == m_portStore->value(PortNameKey, QString()).toString())
+        m_portSettings.portName = list->currentText();
     if (list->count() > 0)
         showPortInfo(list->currentIndex());
-    else if (!chosen.isEmpty())
+    else if (!wasEmpty)
         showPortDetails({});
 }
 
@@ -233,6 +237,7 @@ void SettingsDialog::loadPort()
         showBaudRate(baudRate);
     m_portSettings.portName = m_portStore->value(PortNameKey, QString()).toString();
     m_ui->serialPortInfoListBox->setCurrentText(m_portSettings.portName);
+    m_chosenPort = m_portSettings.portName;
 }
 
 void SettingsDialog::loadUnits()

@@ -72,6 +72,7 @@ private:
 
     std::unique_ptr<Ui::SettingsDialog> m_ui;
     PortSettings m_portSettings;
+    QString m_chosenPort; ///< the one to show, which may be unplugged
     PhysicalQuantities m_units;
     std::shared_ptr<Settings> m_portStore;
     std::shared_ptr<Settings> m_unitsStore;

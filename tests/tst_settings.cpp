@@ -83,6 +83,33 @@ private Q_SLOTS:
         }
     }
 
+    void theChosenPortIsShownWhenItIsBack()
+    {
+        Fixture fixture;
+        const auto shown = [&fixture](const QStringList &ports) {
+            fixture.port->ports.clear();
+            fixture.port->listPorts(ports);
+            fixture.dialog->show();
+            fixture.click("cancelButton");
+            return fixture.box("serialPortInfoListBox")->currentText();
+        };
+        fixture.box("serialPortInfoListBox")->setCurrentText("two");
+        fixture.click("okButton");
+        QCOMPARE(shown({"one"}), QString("one"));
+        QCOMPARE(shown({}), QString());
+        QCOMPARE(shown({"one", "two", "three"}), QString("two"));
+        // Away at the start, the first port of the list stands in.
+        Fixture start;
+        start.port->ports.clear();
+        start.port->listPorts({"one"});
+        SettingsDialog dialog(std::make_shared<SerialHelper>(start.port));
+        QCOMPARE(dialog.portSettings().portName, QString("one"));
+        start.port->listPorts({"two"});
+        dialog.show();
+        QCOMPARE(dialog.findChild<QComboBox *>("serialPortInfoListBox")->currentText(), QString("two"));
+        QCOMPARE(dialog.portSettings().portName, QString("two"));
+    }
+
     void onlyApplyTakesOverAndPersists()
     {
         for (const char *button : {"cancelButton", "okButton"}) {

@@ -1,5 +1,6 @@
 #include "app/commandline.h"
 #include "app/framelimiter.h"
+#include "app/lightpalette.h"
 #include "app/mainwindow.h"
 #include "app/translations.h"
 
@@ -20,6 +21,7 @@ int main(int argc, char *argv[])
     // By this name, the desktop finds the menu entry, and with it the icon, that the window belongs to.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.ostravel.ZelvarServoManager"));
     installTranslations(application, QLocale::system());
+    installLightPalette(application);
     MainWindow window(nullptr);
     const FrameLimiter limiter(window);
     window.show();

@@ -6,6 +6,7 @@
 #include "app/linkreporter.h"
 #include "app/polltarget.h"
 #include "app/screenfit.h"
+#include "app/scrolleddialog.h"
 #include "controllers/inputmodecontroller.h"
 #include "controllers/operationmodecontroller.h"
 #include "device/devicehelper.h"
@@ -27,15 +28,12 @@
 #include "widgets/uigrouphelper.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPixmapCache>
 #include <QPointer>
-#include <QScreen>
 #include <QSpinBox>
-#include <QStyle>
 #include <QTimerEvent>
 #include <QToolButton>
 #include <QWhatsThis>
@@ -101,20 +99,6 @@ void nameAfter(QLabel &label, QSpinBox &spinBox)
     spinBox.setAccessibleName(caption.endsWith(QLatin1Char(':')) ? caption.chopped(1) : caption);
 }
 
-/** What windows may use of the screen that the middle of @p window is on. */
-QRect availableScreen(const QRect &window)
-{
-    const QScreen *screen = QGuiApplication::screenAt(window.center());
-    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-}
-
-/** What the window manager is going to put around a window; it tells only once the window shows. */
-QMargins expectedFrame(const QStyle &style)
-{
-    const int border = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
-    return {border, style.pixelMetric(QStyle::PM_TitleBarHeight) + border, border, border};
-}
-
 } // namespace
 
 /** A servo operation that opens the port for itself alone, and what the user is told of it. */
@@ -136,6 +120,8 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     m_settings = std::make_shared<Settings>(SettingsGroup);
     m_settingsDialog = std::make_shared<SettingsDialog>();
     m_searchDialog = std::make_shared<SearchDialog>();
+    new ScrolledDialog(*m_settingsDialog);
+    new ScrolledDialog(*m_searchDialog);
     m_serialHelper = serialHelper ? std::move(serialHelper) : std::make_shared<SerialHelper>();
 
     m_ui->setupUi(this);
@@ -355,7 +341,7 @@ void MainWindow::restoreWindow()
         return;
     // Smaller than this it would become larger, and hang over the edge, as soon as it shows.
     const QRect wanted(geometry().topLeft(), size().expandedTo(minimumSizeHint()));
-    const QRect fitting = screenfit::fitted(wanted, availableScreen(wanted), expectedFrame(*style()));
+    const QRect fitting = screenfit::onScreen(*this, wanted);
     if (isStored)
         setGeometry(fitting);
     else

@@ -2,6 +2,7 @@
 
 class QMargins;
 class QRect;
+class QWidget;
 
 /** Arithmetic for windows that may be larger than the screen. */
 namespace screenfit {
@@ -11,5 +12,7 @@ namespace screenfit {
  * available has room for it and for @p frame around it, and moved inside. Without any room it is empty.
  */
 QRect fitted(const QRect &wanted, const QRect &available, const QMargins &frame);
+/** fitted() on the screen that the middle of @p wanted is on, with the frame that @p window is going to have. */
+QRect onScreen(const QWidget &window, const QRect &wanted);
 
 } // namespace screenfit

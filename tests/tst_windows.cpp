@@ -1,11 +1,16 @@
 // The program around its window: the command line, what the screen has room for, and how often it is painted.
 
 #include "app/framelimiter.h"
+#include "app/lightpalette.h"
 #include "app/mainwindow.h"
 #include "app/screenfit.h"
 #include "link/serialhelper.h"
+#include "search/searchdialog.h"
+#include "settings/settingsdialog.h"
 #include "tests/support/fakeserialport.h"
 #include "tests/support/testenvironment.h"
+
+#include <cmath>
 
 namespace {
 
@@ -39,6 +44,100 @@ std::unique_ptr<MainWindow> makeWindow()
     return std::make_unique<MainWindow>(nullptr, std::make_shared<SerialHelper>(std::make_shared<FakeSerialPort>()));
 }
 
+double luminance(QRgb color)
+{
+    const auto linear = [](int channel) {
+        const double value = channel / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+double contrast(QRgb one, QRgb other)
+{
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/** The contrast of the most frequent colour, which is the ground, with what differs most from it. */
+double contrastIn(const QImage &image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    }
+    const QList<QRgb> colors = counts.keys();
+    const QRgb ground = *std::max_element(colors.begin(), colors.end(),
+                                          [&](QRgb one, QRgb other) { return counts[one] < counts[other]; });
+    double greatest = 1;
+    for (const QRgb color : colors)
+        greatest = std::max(greatest, contrast(ground, color));
+    return greatest;
+}
+
+/** Where @p widget has text, or the handle of a scroll bar; empty for what has neither. */
+QRect inscription(const QWidget &widget)
+{
+    constexpr int Frame = 3;
+    constexpr int Arrow = 25;
+    const bool isPicture = widget.property("toolButtonStyle") == Qt::ToolButtonIconOnly;
+    const bool isList = !widget.property("currentText").toString().isEmpty();
+    const bool isText = !widget.property("text").toString().isEmpty() && !widget.inherits("QAbstractSpinBox");
+    const bool isHandle = widget.inherits("QScrollBar") && widget.property("maximum").toInt() > 0;
+    if (isPicture || !(isList || isText || isHandle || widget.inherits("QTabBar")))
+        return {};
+    return widget.rect().adjusted(Frame, Frame, isList ? -Arrow : -Frame, -Frame);
+}
+
+/** The two greys that stay as they are: of a list without a servo, and of a locked check box. */
+bool isPaleOnPurpose(const QWidget &widget)
+{
+    return !widget.isEnabled() && widget.styleSheet().contains(QRegularExpression("color: ?#(B3B3B3|9F9E9E)"));
+}
+
+QStringList illegible(QWidget &window)
+{
+    constexpr double TextContrast = 4.5;
+    constexpr double PaleContrast = 3;
+    QStringList found;
+    int inscribed = 0;
+    const QImage image = window.grab().toImage();
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        const QRect place = inscription(*widget);
+        if (place.isEmpty() || !widget->isVisibleTo(&window) || isPaleOnPurpose(*widget) ||
+            widget->visibleRegion().boundingRect() != widget->rect())
+            continue;
+        ++inscribed;
+        const double is = contrastIn(image.copy(place.translated(widget->mapTo(&window, QPoint()))));
+        const bool isText = widget->isEnabled() && !qobject_cast<QScrollBar *>(widget);
+        const bool isBlank = is == 1 && qobject_cast<QComboBox *>(widget) && !widget->isEnabled(); // locked
+        if (!isBlank && is < (isText ? TextContrast : PaleContrast))
+            found.append(QString("%1 %2: %3").arg(widget->metaObject()->className(), widget->objectName()).arg(is));
+    }
+    return inscribed > 0 ? found : QStringList{"nothing to read"};
+}
+
+/** Desktop colours, until it goes. */
+struct Desktop
+{
+    explicit Desktop(bool isDark)
+    {
+        QPalette colors = isDark ? QPalette(QColor(45, 45, 45)) : QApplication::style()->standardPalette();
+        QApplication::setPalette(colors);
+        for (const char *kind : {"QMenu", "QTipLabel", "QMessageBoxLabel"})
+            QApplication::setPalette(colors, kind);
+        QToolTip::setPalette(colors);
+        installLightPalette(*qApp);
+    }
+    ~Desktop()
+    {
+        qApp->setStyleSheet(QString());
+        QApplication::setPalette(QApplication::style()->standardPalette());
+    }
+    Q_DISABLE_COPY(Desktop)
+};
+
 } // namespace
 
 class TestWindows : public QObject
@@ -68,6 +167,90 @@ private Q_SLOTS:
         const auto [exitCode, text] = run(arguments, qPrintable(platform));
         QTEST(exitCode, "exitCode");
         QVERIFY2(text.contains(says), qPrintable(text));
+    }
+
+    void everythingCanBeReadOnEveryDesktop_data()
+    {
+        QTest::addColumn<bool>("isDark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+
+    void everythingCanBeReadOnEveryDesktop()
+    {
+        QFETCH(bool, isDark);
+        const Desktop desktop(isDark);
+        const auto port = std::make_shared<FakeSerialPort>();
+        port->listPorts({"one", "two"});
+        MainWindow window(nullptr, std::make_shared<SerialHelper>(port));
+        window.show();
+        window.resize(1192, 600); // with scroll bars
+        QCOMPARE(illegible(window), QStringList());
+        window.findChild<QAction *>("actionConnect")->trigger();
+        port->deliver(QByteArray(2 + 11, '\0'));
+        QByteArray reply(118 + 11, '\0');
+        QTRY_COMPARE(port->calls.last().length, 118);
+        port->deliver(reply);
+        QTRY_VERIFY(port->operations().count("read") >= 3);
+        port->deliver(reply); // the locks follow one reply later
+        for (const bool isEdited : {false, true}) {
+            window.findChild<QToolButton *>("vParamsEditSaveToolButton")->setChecked(isEdited);
+            for (const int height : {600, 1428}) {
+                window.resize(1192, height);
+                QCOMPARE(illegible(window), QStringList());
+            }
+        }
+        window.findChild<QTabWidget *>("tabWidget")->setCurrentIndex(1);
+        QCOMPARE(illegible(window), QStringList());
+        window.findChild<QAction *>("actionDisconnect")->trigger();
+
+        SettingsDialog::instance()->show();
+        for (const int tab : {0, 1}) {
+            SettingsDialog::instance()->findChild<QTabWidget *>()->setCurrentIndex(tab);
+            QCOMPARE(illegible(*SettingsDialog::instance()), QStringList());
+        }
+        SettingsDialog::instance()->hide();
+        SearchDialog::instance()->show();
+        QVERIFY(QTest::qWaitForWindowExposed(SearchDialog::instance())); // it scrolls here
+        QCOMPARE(illegible(*SearchDialog::instance()), QStringList());
+        SearchDialog::instance()->hide();
+        QMessageBox box(QMessageBox::Critical, "Error", "The port is on strike.", QMessageBox::Ok);
+        box.show();
+        QCOMPARE(illegible(box), QStringList());
+        auto *menu = window.findChild<QMenu *>("menuConnections");
+        menu->ensurePolished();
+        QVERIFY(contrastIn(menu->grab(menu->actionGeometry(menu->actions().first())).toImage()) >= 4.5);
+        QToolTip::showText(QPoint(10, 10), "A tip");
+        for (QWidget *tip : QApplication::topLevelWidgets()) {
+            if (tip->inherits("QTipLabel"))
+                QVERIFY(contrastIn(tip->grab().toImage()) >= 4.5);
+        }
+        QToolTip::hideText();
+    }
+
+    // The screen of the tests has 800 by 800 pixels.
+    void aDialogThatDoesNotFitScrolls()
+    {
+        const auto window = makeWindow();
+        SearchDialog &dialog = *SearchDialog::instance();
+        for (int times = 0; times < 2; ++times) {
+            dialog.show();
+            const QRect available = dialog.screen()->availableGeometry();
+            QCOMPARE(dialog.frameGeometry() & available, dialog.frameGeometry());
+            const std::pair<const char *, QRect> placed[] = {{"selectPushButton", {710, 620, 93, 28}},
+                                                             {"cancelPushButton", {600, 620, 93, 28}},
+                                                             {"deviceGroupBox", {360, 10, 441, 601}}};
+            for (const auto &[name, geometry] : placed)
+                QCOMPARE(dialog.findChild<QWidget *>(name)->geometry(), geometry);
+            auto *select = dialog.findChild<QPushButton *>("selectPushButton");
+            const auto isSeen = [select] { return select->visibleRegion().boundingRect() == select->rect(); };
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog) && !isSeen());
+            dialog.findChild<QScrollArea *>()->ensureWidgetVisible(select);
+            QVERIFY(isSeen());
+            dialog.findChild<QScrollArea *>()->ensureVisible(0, 0);
+            dialog.findChild<QPushButton *>("cancelPushButton")->click();
+            QVERIFY(!dialog.isVisible());
+        }
     }
 
     void aWindowTakesWhatTheScreenHas_data()

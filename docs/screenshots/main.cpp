@@ -1,6 +1,7 @@
 // Takes the pictures of the user guide from the running program on a simulated bus. Exits with 1 when the
 // program does not come into a state that a picture is of.
 
+#include "app/lightpalette.h"
 #include "search/searchdialog.h"
 #include "settings/settingsdialog.h"
 #include "tests/support/desk.h"
@@ -159,6 +160,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setStyle("Fusion");
     QApplication::setFont(QFont("DejaVu Sans", 9));
+    installLightPalette(application);
     try {
         Photographer(QString::fromLocal8Bit(argv[1])).takeAll();
     } catch (const std::runtime_error &error) {

@@ -29,13 +29,25 @@ QString PortErrors::notOpened(const QString &portName, const QString &device, QS
         if (!file.exists() || (file.isReadable() && file.isWritable()))
             return tr("The serial port %1 is in use by another program. Close that program and connect again.")
                 .arg(portName);
-        return tr("You have no permission to use the serial port %1. Add your user to the group \"%2\" and log in "
-                  "again.")
-            .arg(portName, file.group());
+        return noPermission(portName, file.group(), file.permissions());
     default:
         return tr("The serial port %1 could not be opened: %2. Choose another port in the settings.")
             .arg(portName, systemText);
     }
+}
+
+QString PortErrors::noPermission(const QString &portName, const QString &group, QFileDevice::Permissions permissions)
+{
+    const QFileDevice::Permissions needed = QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    // Who is in the group of the administrators may do anything, which is no way to get at a port.
+    const bool isOpenToGroup = (permissions & needed) == needed && !group.isEmpty() && group != QLatin1String("root");
+    if (isOpenToGroup)
+        return tr("You have no permission to use the serial port %1. Add your user to the group \"%2\" and log in "
+                  "again.")
+            .arg(portName, group);
+    return tr("You have no permission to use the serial port %1. Install the udev rule "
+              "70-zelvar-servo-manager.rules, which comes with the program's package, and plug the adapter in again.")
+        .arg(portName);
 }
 
 QString PortErrors::lost(const QString &portName)

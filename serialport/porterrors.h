@@ -1,11 +1,14 @@
 #pragma once
 
+#include "serialport/serialportexport.h"
+
 #include <QCoreApplication>
+#include <QFileDevice>
 #include <QSerialPort>
 #include <QString>
 
 /** Texts for the user about a port: what went wrong and what to do about it. */
-class PortErrors
+class ZELVAR_SERIALPORT_EXPORT PortErrors
 {
     Q_DECLARE_TR_FUNCTIONS(PortErrors)
 
@@ -19,6 +22,8 @@ public:
      */
     static QString notOpened(const QString &portName, const QString &device, QSerialPort::SerialPortError error,
                              const QString &systemText);
+    /** The user may not use the port @p portName, whose device file has this @p group and these @p permissions. */
+    static QString noPermission(const QString &portName, const QString &group, QFileDevice::Permissions permissions);
     /** The port went away while it was in use. */
     static QString lost(const QString &portName);
     /** Somebody else takes what arrives at the port, which is not exclusive for everybody. */

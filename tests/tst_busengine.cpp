@@ -1,6 +1,7 @@
 // The rules of the bus, one by one, on a line in memory and a clock that is turned; and, on a real pseudo terminal,
 // what only a real serial port shows.
 
+#include "serialport/porterrors.h"
 #include "serialport/zelvarserialportinterface.h"
 #include "tests/support/fakeline.h"
 #include "tests/support/ptypeer.h"
@@ -541,6 +542,12 @@ private Q_SLOTS:
         bool isAnswered = false; // and the one that uses it is not disturbed
         first.bus()->carryOut(ReadOne, [&](const BusResult &r) { isAnswered = r.outcome == Outcome::Answered; });
         QVERIFY(isAnswered);
+
+        const auto open = QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+        QVERIFY(PortErrors::noPermission("one", "dialout", open).contains("group \"dialout\""));
+        for (const auto &[group, permissions] :
+             {std::pair("root", open), {"tty", QFileDevice::WriteGroup | QFileDevice::WriteOwner}, {"", open}})
+            QVERIFY(PortErrors::noPermission("one", group, permissions).contains("70-zelvar-servo-manager.rules"));
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/mainwindow.h"
 #include "app/translations.h"
+#include "device/zelvarv1registers.h"
 #include "tests/support/testenvironment.h"
 
 namespace {
@@ -138,6 +139,28 @@ private Q_SLOTS:
         const QSet<QString> translated = keysOf(messages);
         QCOMPARE((texts - translated).values(), QStringList());
         QCOMPARE((translated - texts).values(), QStringList());
+    }
+
+    // In the tables there is room for about half of the longest, with the middle left out.
+    void registersAreToldApart_data() { everyTextOfTheProgramIsTranslated_data(); }
+
+    void registersAreToldApart()
+    {
+        QFETCH(QString, path);
+        constexpr int Room = 130; // pixels, of the column in a window as wide as it starts with
+        const Speaking speaking(QStringList{QFileInfo(path).baseName().section('_', 1)});
+        QFont font;
+        font.setPointSize(8);
+        QMap<QPair<quint32, QString>, QString> seen;
+        QStringList confused;
+        for (const RegisterRow &row : ZelvarV1Registers) {
+            const QString text = QCoreApplication::translate("ZelvarV1", row.description);
+            QString &other = seen[{row.bank, QFontMetrics(font).elidedText(text, Qt::ElideMiddle, Room)}];
+            if (!other.isEmpty() && other != text)
+                confused << other + " / " + text;
+            other = text;
+        }
+        QCOMPARE(confused, QStringList());
     }
 
     // Texts that stand in the code, in a form, in a list and on a button, one made of parts, and one of Qt's own.

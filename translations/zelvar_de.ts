@@ -706,6 +706,10 @@
         <source>Another program reads from the serial port %1 too, so answers go missing. Close that program and connect again.</source>
         <translation>Auch ein anderes Programm liest von der seriellen Schnittstelle %1, sodass Antworten verloren gehen. Dieses Programm schließen und erneut verbinden.</translation>
     </message>
+    <message>
+        <source>You have no permission to use the serial port %1. Install the udev rule 70-zelvar-servo-manager.rules, which comes with the program&apos;s package, and plug the adapter in again.</source>
+        <translation>Die Berechtigung für die serielle Schnittstelle %1 fehlt. Die udev-Regel 70-zelvar-servo-manager.rules aus dem Paket des Programms installieren und den Adapter neu einstecken.</translation>
+    </message>
 </context>
 <context>
     <name>RegisterView</name>

@@ -706,6 +706,10 @@
         <source>Another program reads from the serial port %1 too, so answers go missing. Close that program and connect again.</source>
         <translation>Otro programa lee también del puerto serie %1, por lo que se pierden respuestas. Cierre ese programa y vuelva a conectar.</translation>
     </message>
+    <message>
+        <source>You have no permission to use the serial port %1. Install the udev rule 70-zelvar-servo-manager.rules, which comes with the program&apos;s package, and plug the adapter in again.</source>
+        <translation>No tiene permiso para usar el puerto serie %1. Instale la regla de udev 70-zelvar-servo-manager.rules, que viene en el paquete del programa, y vuelva a conectar el adaptador.</translation>
+    </message>
 </context>
 <context>
     <name>RegisterView</name>

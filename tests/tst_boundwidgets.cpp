@@ -310,6 +310,49 @@ private Q_SLOTS:
         QVERIFY(writes.isEmpty()); // Enter does not apply
     }
 
+    void listsShowAllOfTheirEntries()
+    {
+        ConnectedEditView fixture;
+        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        fixture.view->show();
+        fixture.editSave("nv").setChecked(true);
+        for (const char *name : {"baudRateComboBox", "operatingModeComboBox", "inputModeComboBox"}) {
+            auto &list = fixture.child<QComboBox>(name);
+            list.showPopup();
+            QTRY_VERIFY(list.view()->isVisible());
+            const QRect seen = list.view()->viewport()->rect();
+            for (int row = 0; row < list.count() - 1; ++row) {
+                const QRect entry = list.view()->visualRect(list.model()->index(row, 0));
+                QVERIFY2(seen.contains(entry), qPrintable(QString("%1 %2").arg(name).arg(row)));
+            }
+            list.hidePopup();
+        }
+    }
+
+    // The left and right edges of the text stay clear of the frame, whatever the font.
+    void valuesAreNeverClipped()
+    {
+        const QFont usual = QApplication::font();
+        for (const int points : {9, 12, 16}) {
+            QFont font = usual;
+            font.setPointSize(points);
+            QApplication::setFont(font);
+            ConnectedEditView fixture;
+            fixture.connectAndFeed(tableWith(86, 4, quint32(-1000000)));
+            fixture.view->resize(1134, 860);
+            fixture.view->show();
+            auto &value = fixture.child<QLineEdit>("actualPositionLineEdit");
+            QCOMPARE(value.text(), QString("-1533.981"));
+            const QImage look = value.grab().toImage();
+            const QRgb ground = look.pixel(look.width() / 2, 3);
+            for (int y = 4; y < look.height() - 4; ++y) {
+                QCOMPARE(look.pixel(2, y), ground);
+                QCOMPARE(look.pixel(look.width() - 3, y), ground);
+            }
+        }
+        QApplication::setFont(usual);
+    }
+
     void aStepIsWorthWhatItShows()
     {
         ConnectedEditView fixture;

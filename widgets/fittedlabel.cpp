@@ -1,18 +1,10 @@
 #include "widgets/fittedlabel.h"
 
+#include "widgets/fittedtext.h"
 #include "widgets/ground.h"
 
 #include <QFontMetrics>
 #include <QResizeEvent>
-
-namespace {
-
-// Percent of the letters' own width
-constexpr int FullStretch = 100;
-constexpr int LeastStretch = 76; // narrower letters are hard to read
-constexpr int StretchStep = 4;
-
-} // namespace
 
 FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent) {}
 
@@ -60,19 +52,12 @@ void FittedLabel::paintEvent(QPaintEvent *event)
     QLabel::paintEvent(event);
 }
 
-QFont FittedLabel::stretchedFont(int percent) const
-{
-    QFont stretched = font();
-    stretched.setStretch(percent);
-    return stretched;
-}
-
 int FittedLabel::textWidth(int stretch) const
 {
     const auto known = m_widths.constFind(stretch);
     if (known != m_widths.constEnd())
         return *known;
-    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(stretch)).horizontalAdvance(text()));
+    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(font(), stretch)).horizontalAdvance(text()));
 }
 
 /** What the label needs beside its text. */
@@ -94,6 +79,6 @@ void FittedLabel::fit()
     const bool isCut = textWidth(stretch) > available;
     const int current = font().stretch() == QFont::AnyStretch ? FullStretch : font().stretch();
     if (current != stretch)
-        setFont(stretchedFont(stretch));
+        setFont(stretchedFont(font(), stretch));
     setToolTip(isCut ? text() : QString());
 }

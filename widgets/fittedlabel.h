@@ -25,7 +25,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QFont stretchedFont(int percent) const;
     int textWidth(int stretch) const;
     int surroundings() const;
     void fit();

@@ -1,9 +1,13 @@
 #include "widgets/zelvarcombobox.h"
 
+#include <QHelpEvent>
+#include <QLayout>
 #include <QListView>
+#include <QScreen>
 #include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QToolTip>
 
 namespace {
 
@@ -81,18 +85,60 @@ void ZelvarComboBox::adaptToLink()
     }
 }
 
+// Under a style sheet Qt makes the list a little too low for all of its entries; one then hides behind an arrow.
+void ZelvarComboBox::showPopup()
+{
+    BoundInput::showPopup();
+    int height = 0;
+    for (int row = 0; row < count(); ++row)
+        height += m_list->isRowHidden(row) ? 0 : m_list->sizeHintForRow(row);
+    QWidget *popup = m_list->parentWidget();
+    const QRect made = popup->geometry();
+    // The arrows go only when there is room for all entries and for them; then it can be told what the frame takes.
+    popup->resize(made.width(), made.height() + height);
+    popup->layout()->activate();
+    const int whole = popup->height() - m_list->viewport()->height() + height;
+    const bool hasRoom = made.top() + whole <= screen()->availableGeometry().bottom();
+    popup->setGeometry(QRect(made.topLeft(), QSize(made.width(), hasRoom ? whole : made.height())));
+    popup->layout()->activate();
+}
+
+bool ZelvarComboBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && !isBlank()) {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        if (fitted(option).isCut) {
+            const QString tip = currentText() + QLatin1Char('\n') + toolTip();
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
+            return true;
+        }
+    }
+    return BoundInput::event(event);
+}
+
 void ZelvarComboBox::paintEvent(QPaintEvent *event)
 {
-    if (!isBlank()) {
-        BoundInput::paintEvent(event);
-        return;
-    }
     ground::paint(*this, *event);
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    option.currentText.clear();
-    option.currentIcon = QIcon();
     QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    if (isBlank()) {
+        option.currentText.clear();
+        option.currentIcon = QIcon();
+    } else {
+        const FittedText fitting = fitted(option);
+        option.currentText = fitting.text;
+        painter.setFont(fitting.font);
+    }
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+FittedText ZelvarComboBox::fitted(const QStyleOptionComboBox &option) const
+{
+    constexpr int Gap = 2; // pixels, as the styles leave between frame and text
+    const QRect room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fittedText(font(), currentText(), room.size() - QSize(2 * Gap, 0));
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "widgets/boundinput.h"
+#include "widgets/fittedtext.h"
 
 #include <QComboBox>
 
 class QListView;
+class QStyleOptionComboBox;
 
 /**
  * A field whose raw value is an index into the form's list. The last entry is the placeholder; it is hidden
@@ -18,6 +20,7 @@ public:
     explicit ZelvarComboBox(QWidget *parent = nullptr);
 
     int value() const override;
+    void showPopup() override;
 
 Q_SIGNALS:
     void setIsDirty(bool dirty) override;
@@ -33,8 +36,11 @@ protected:
     int placeholder() const override;
     bool isEdited() const override;
     void adaptToLink() override;
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    FittedText fitted(const QStyleOptionComboBox &option) const;
+
     QListView *m_list;
 };

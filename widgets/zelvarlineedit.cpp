@@ -2,7 +2,11 @@
 
 #include "model/rawscale.h"
 
+#include <QHelpEvent>
 #include <QLocale>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QToolTip>
 
 namespace {
 
@@ -50,4 +54,39 @@ QString ZelvarLineEdit::fromRaw(int raw) const
     if (fieldId() == ModelNumberId)
         return QStringLiteral("%1%2%3").arg(raw / 256).arg(locale().decimalPoint()).arg(raw % 256);
     return QString::number(raw);
+}
+
+bool ZelvarLineEdit::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !fitted().isCut)
+        return BoundInput::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text() + QLatin1Char('\n') + toolTip(), this);
+    return true;
+}
+
+// Qt scrolls a text that has no room to its end and leaves the beginning out, which reads like a smaller number.
+void ZelvarLineEdit::paintEvent(QPaintEvent *event)
+{
+    ground::paint(*this, *event);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    const FittedText fitting = fitted();
+    painter.setFont(fitting.font);
+    painter.setPen(option.palette.color(QPalette::Text));
+    painter.drawText(textRoom(), int(Qt::AlignVCenter | alignment()), fitting.text);
+}
+
+QRect ZelvarLineEdit::textRoom() const
+{
+    constexpr int Gap = 2; // pixels, as Qt leaves between frame and text
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(Gap, 0, -Gap, 0);
+}
+
+FittedText ZelvarLineEdit::fitted() const
+{
+    return fittedText(font(), text(), textRoom().size());
 }

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "widgets/boundinput.h"
+#include "widgets/fittedtext.h"
 
 #include <QLineEdit>
 
-/** A field shown as text in the form that goes with its field id; not for editing. */
+/**
+ * A field shown as text in the form that goes with its field id; not for editing. A value is never cut while narrower
+ * or smaller letters have room; what is cut even so is in the tool tip.
+ */
 class ZelvarLineEdit : public BoundInput<QLineEdit, QString>
 {
     Q_OBJECT
@@ -26,4 +30,10 @@ protected:
     QString shown() const override;
     void display(const QString &text) override;
     QString fromRaw(int raw) const override;
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QRect textRoom() const;
+    FittedText fitted() const;
 };

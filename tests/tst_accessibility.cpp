@@ -134,6 +134,18 @@ private Q_SLOTS:
         }
     }
 
+    void theButtonsOfTheGroupsAreToldApartAndPressed()
+    {
+        ConnectedEditView desk;
+        desk.connectAndFeed(ConnectedEditView::jointTable());
+        auto *edit = named(*desk.view, "Edit: Parameters (volatile)");
+        QVERIFY(edit && named(*desk.view, "Cancel: Parameters (non-volatile)"));
+        QCOMPARE(edit->role(), QAccessible::Button);
+        edit->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QVERIFY(desk.editSave("v").isChecked());
+        QCOMPARE(edit->text(QAccessible::Name), QString("Apply: Parameters (volatile)"));
+    }
+
     void everyFieldHasATipWhileItsRegisterIsKnownAndEveryGroupATextOfItsOwn()
     {
         ConnectedEditView desk;

@@ -56,6 +56,41 @@ private Q_SLOTS:
         }
     }
 
+    // At first sight the non-volatile group's button is below the fold.
+    void keysEditApplyAndCancelAndTheViewFollows()
+    {
+        ConnectedEditView fixture;
+        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
+        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        fixture.view->resize(1134, 500);
+        fixture.view->show();
+        fixture.view->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(fixture.view.get()));
+        for (const auto &[group, modifier] : {std::pair("v", Qt::NoModifier), {"nv", Qt::ShiftModifier}}) {
+            const InRow row(group);
+            auto &button = fixture.editSave(group);
+            fixture.child<QScrollArea>("scrollArea").verticalScrollBar()->setValue(1000);
+            const auto press = [&](Qt::Key key, Qt::KeyboardModifier with) {
+                QTest::keyClick(fixture.view.get(), key, with);
+            };
+            press(Qt::Key_F2, modifier);
+            QWidget *first = QApplication::focusWidget();
+            QVERIFY(button.isChecked() && first && first->parent() == button.parent());
+            QCOMPARE(first->visibleRegion().boundingRect(), first->rect());
+            QVERIFY(button.toolTip().contains("Apply: Parameters (") && button.toolTip().contains("F3"));
+            press(Qt::Key_F5, modifier);
+            QVERIFY(!button.isChecked());
+            press(Qt::Key_F2, modifier);
+            auto &field = fixture.child<QDoubleSpinBox>(group[0] == 'n' ? "temperatureLimitDoubleSpinBox"
+                                                                        : "targetPositionDoubleSpinBox");
+            field.setValue(1);
+            press(Qt::Key_F3, modifier);
+            QVERIFY(!button.isChecked());
+            QCOMPARE(writes.size(), 1);
+            writes.clear();
+        }
+    }
+
     void cancelAndDisconnectDropEdits()
     {
         ConnectedEditView fixture;

@@ -451,6 +451,21 @@
     </message>
 </context>
 <context>
+    <name>GroupKeys</name>
+    <message>
+        <source>%1 edits this group, %2 applies it, and %3 cancels.</source>
+        <translation>%1 edita este grupo, %2 lo aplica y %3 cancela.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
     <name>LinkReporter</name>
     <message>
         <source>servo %1 · %2 baud · %3</source>

@@ -8,6 +8,8 @@
 #include "ui_editview.h"
 #include "widgets/uigrouphelper.h"
 
+#include <QApplication>
+
 namespace {
 
 /** The process-wide @p Helper, made from @p arguments when there is none yet. */
@@ -58,6 +60,20 @@ EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui:
     ensure<StatusHelper>(this);
     ensure<FieldHelper>(children());
     registerFields(*this);
+    connect(qApp, &QApplication::focusChanged, this, &EditView::scrollTo);
 }
 
-EditView::~EditView() = default;
+EditView::~EditView()
+{
+    // A child that has the focus gives it up when it goes, which is after this.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+void EditView::scrollTo(QWidget * /*before*/, QWidget *now)
+{
+    if (!now || !m_ui->scrollAreaWidgetContents->isAncestorOf(now))
+        return;
+    const bool isAllVisible = now->visibleRegion().boundingRect() == now->rect();
+    if (!isAllVisible)
+        m_ui->scrollArea->ensureWidgetVisible(now);
+}

@@ -25,6 +25,8 @@ public:
     ~EditView() override;
 
 private:
+    void scrollTo(QWidget *before, QWidget *now);
+
     std::unique_ptr<Ui::EditView> m_ui;
     std::shared_ptr<UiGroupHelper> m_groupHelper;
 };

@@ -3,6 +3,7 @@
 #include "device/igroupinputcomponent.h"
 #include "device/uiregisterhelper.h"
 #include "link/processwide.h"
+#include "widgets/groupkeys.h"
 #include "widgets/saveblock.h"
 #include "widgets/zelvarcheckbox.h"
 #include "widgets/zelvargrouptoolbutton.h"
@@ -80,7 +81,8 @@ void UiGroupHelper::setUpGroup(const GroupRow &row)
 
 void UiGroupHelper::setUpButtons(ZelvarParametersGroupBox &group, SaveOperation operation)
 {
-    if (const auto *cancel = buttonOf(group, ZelvarGroupToolButton::Cancel))
+    ZelvarGroupToolButton *cancel = buttonOf(group, ZelvarGroupToolButton::Cancel);
+    if (cancel)
         connect(cancel, SIGNAL(pressed()), this, SLOT(on_limitsCancelToolButton_pressed()));
 
     ZelvarGroupToolButton *editSave = buttonOf(group, ZelvarGroupToolButton::EditSave);
@@ -90,6 +92,8 @@ void UiGroupHelper::setUpButtons(ZelvarParametersGroupBox &group, SaveOperation 
     connect(this, &UiGroupHelper::linkWentDown, editSave, &ZelvarGroupToolButton::disconnected);
     connect(editSave, SIGNAL(toggled(bool)), this, SLOT(on_editSaveToolButton_toggled(bool)));
     connect(editSave, SIGNAL(pressed()), this, SLOT(on_editSaveToolButton_pressed()));
+    if (cancel)
+        new GroupKeys(group, *editSave, *cancel); // after the connections, which change the texts
     if (operation)
         editSave->setSaveAction([this, operation] { (this->*operation)(); });
     forEachInput(group, [editSave](QObject *input, IGroupInputComponent &) {

@@ -2,12 +2,14 @@
 
 #include "device/devicehelper.h"
 #include "widgets/followeddevice.h"
+#include "widgets/groupbuttonaccess.h"
 
 #include <utility>
 
 ZelvarGroupToolButton::ZelvarGroupToolButton(QWidget *parent) : QToolButton(parent)
 {
     setEnabled(false);
+    installGroupButtonAccess();
     connect(this, &QAbstractButton::pressed, this, [this] { m_unchecksAtRelease = isChecked(); });
     connect(this, &QAbstractButton::released, this, &ZelvarGroupToolButton::finishPress);
 }

@@ -5,6 +5,7 @@
 #include "search/searchdialog.h"
 #include "tests/support/connectededitview.h"
 #include "tests/support/fakeserialport.h"
+#include "views/registerview.h"
 #include "widgets/zelvarparametersgroupbox.h"
 
 namespace {
@@ -144,6 +145,22 @@ private Q_SLOTS:
         edit->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QVERIFY(desk.editSave("v").isChecked());
         QCOMPARE(edit->text(QAccessible::Name), QString("Apply: Parameters (volatile)"));
+    }
+
+    void aServoOfAnotherFamilyIsExplained()
+    {
+        ConnectedEditView desk;
+        RegisterView registers(nullptr);
+        for (const QWidget *view : {static_cast<QWidget *>(desk.view.get()), static_cast<QWidget *>(&registers)}) {
+            const auto *notice = view->findChild<QLabel *>("modelNotice");
+            QVERIFY(notice->isHidden() && !notice->text().isEmpty());
+            for (const auto &[model, isExplained] : {std::pair(12, true), {0x0102, false}, {12, true}}) {
+                desk.connectTo(quint16(model));
+                QCOMPARE(notice->isHidden(), !isExplained);
+                desk.groups().linkDown();
+                QVERIFY(notice->isHidden());
+            }
+        }
     }
 
     void everyFieldHasATipWhileItsRegisterIsKnownAndEveryGroupATextOfItsOwn()

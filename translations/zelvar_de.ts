@@ -430,6 +430,10 @@
         <source>Direction of the torque</source>
         <translation>Richtung des Drehmoments</translation>
     </message>
+    <message>
+        <source>The program knows the registers of this servo only in part: all that it cannot read stays grey and empty, and nothing can be edited. It can be found by a search and set back to its factory values.</source>
+        <translation>Das Programm kennt die Register dieses Servos nur zum Teil: Was es nicht lesen kann, bleibt grau und leer, und nichts lässt sich bearbeiten. Suchen und Zurücksetzen auf Werkswerte sind möglich.</translation>
+    </message>
 </context>
 <context>
     <name>FieldToolTip</name>
@@ -759,6 +763,10 @@
     <message>
         <source>Register fields</source>
         <translation>Register</translation>
+    </message>
+    <message>
+        <source>The program has no register table for this servo. The tables stay empty while it is connected.</source>
+        <translation>Für diesen Servo hat das Programm keine Registertabelle. Die Tabellen bleiben leer, solange er verbunden ist.</translation>
     </message>
 </context>
 <context>

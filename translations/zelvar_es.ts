@@ -430,6 +430,10 @@
         <source>Direction of the torque</source>
         <translation>Sentido del par</translation>
     </message>
+    <message>
+        <source>The program knows the registers of this servo only in part: all that it cannot read stays grey and empty, and nothing can be edited. It can be found by a search and set back to its factory values.</source>
+        <translation>El programa conoce solo en parte los registros de este servo: lo que no puede leer queda gris y vacío, y nada se puede editar. Se puede encontrar con una búsqueda y restablecer a sus valores de fábrica.</translation>
+    </message>
 </context>
 <context>
     <name>FieldToolTip</name>
@@ -759,6 +763,10 @@
     <message>
         <source>Register fields</source>
         <translation>Registros</translation>
+    </message>
+    <message>
+        <source>The program has no register table for this servo. The tables stay empty while it is connected.</source>
+        <translation>El programa no tiene tabla de registros para este servo. Las tablas quedan vacías mientras esté conectado.</translation>
     </message>
 </context>
 <context>

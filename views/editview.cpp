@@ -6,6 +6,7 @@
 #include "device/uiregisterhelper.h"
 #include "link/processwide.h"
 #include "ui_editview.h"
+#include "widgets/modelnotice.h"
 #include "widgets/uigrouphelper.h"
 
 #include <QApplication>
@@ -60,6 +61,12 @@ EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui:
     ensure<StatusHelper>(this);
     ensure<FieldHelper>(children());
     registerFields(*this);
+    auto *notice =
+        new ModelNotice(tr("The program knows the registers of this servo only in part: all that it cannot read stays "
+                           "grey and empty, and "
+                           "nothing can be edited. It can be found by a search and set back to its factory values."),
+                        this);
+    m_ui->verticalLayout->insertWidget(0, notice);
     connect(qApp, &QApplication::focusChanged, this, &EditView::scrollTo);
 }
 

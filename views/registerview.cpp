@@ -4,6 +4,7 @@
 #include "device/devicehelper.h"
 #include "link/processwide.h"
 #include "settings/settingsdialog.h"
+#include "widgets/modelnotice.h"
 
 namespace {
 
@@ -51,6 +52,9 @@ RegisterView::RegisterView(QWidget *parent) : QWidget(parent), m_ui(std::make_un
                 m_ui->ramRegisterBank2TableWidget};
     styleTables();
     nameTables();
+    auto *notice = new ModelNotice(
+        tr("The program has no register table for this servo. The tables stay empty while it is connected."), this);
+    m_ui->gridLayout_2->addWidget(notice, m_ui->gridLayout_2->rowCount(), 0);
 }
 
 RegisterView::~RegisterView()

@@ -7,6 +7,7 @@
 #include "tests/support/fakeserialport.h"
 #include "views/registerview.h"
 #include "widgets/zelvarparametersgroupbox.h"
+#include "widgets/zelvarstatuscheckbox.h"
 
 namespace {
 
@@ -120,18 +121,24 @@ private Q_SLOTS:
             {"targetPositionDoubleSpinBox",           0, "78–81: Target position\nRange: -1602.211 to 1602.211 radians"},
             {"counterClockwiseLimitDoubleSpinBox",    1, "9–10: CCW angle limit\nRange: -180.00 to 180.00 degrees"     },
             {"temperatureLimitDoubleSpinBox",         1, "11: Upper temperature limit\nRange: 32.0 to 491.0 °F"        },
-            {"quadratureCurrentLimitDoubleSpinBox",   0, "14–15: Torque limit\nRange: 0.00 to 5.00 Nm"                  },
+            {"quadratureCurrentLimitDoubleSpinBox",   0, "14–15: Torque limit\nRange: 0.00 to 5.00 Nm\n"
+                                                         "This limit is a torque: its number is in Nm, not in the unit of the caption."},
+            {"angularVelocityProfileDoubleSpinBox",   1, "68–69: Angular velocity profile\nRange: 0.000 to 2.000\n"
+                                                         "This number is in rad/s, also where the caption tells another unit."},
             {"ackResponseTimeSpinBox",                0, "5: Acknowledge response time\nRange: 0 to 508 μs"            },
             {"positionProportionalTermDoubleSpinBox", 0, "54–55: Position proportional gain\nRange: 0.0 to 200.0"      },
             {"modelNumberLineEdit",                   0, "0–1: Model number"                                           },
             {"targetTorqueDirectionComboBox",         0, "84–85, bit 15: Target torque"                                },
-            {"encoderStatusCheckBox",                 0, "107, bit 3: Hardware error status"                           },
+            {"encoderStatusCheckBox",                 0, "107, bit 3: Hardware error status\nThe position sensor fails. "
+                                                         "Switch the supply off and on; if the error comes back, the servo needs repair."},
         };
         // clang-format on
         for (const auto &[name, unit, tip] : rows) {
             ConnectedEditView desk(unit);
             desk.connectTo(0x0102);
             QCOMPARE(desk.child(name).toolTip(), QString("Register ") + tip);
+            QCOMPARE(desk.child(name).accessibleDescription(),
+                     QString(tip).section('\n', QString(tip).contains("Range") ? 2 : 1));
         }
     }
 
@@ -180,6 +187,8 @@ private Q_SLOTS:
         QCOMPARE(without(), all);
         desk.connectTo(12); // an AX-12, whose registers mean something else
         QCOMPARE(without(), all);
+        for (const auto *status : desk.view->findChildren<ZelvarStatusCheckBox *>())
+            QVERIFY(!status->toolTip().isEmpty() && status->accessibleDescription() == status->toolTip());
         QSet<QString> texts;
         for (const auto *group : desk.view->findChildren<ZelvarParametersGroupBox *>())
             texts.insert(group->whatsThis());

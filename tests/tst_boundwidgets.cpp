@@ -265,49 +265,138 @@ private Q_SLOTS:
         }
     }
 
-    void decimalComma()
+    // Typed into a field that shows 1.534 (1,534 in German) and holds -1602.211 to 1602.211, or 200 in 0 to 508; what
+    // it shows then, what it applies (nothing when it is marked), and what it shows after Enter or without the focus.
+    void typedText_data()
     {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shownWhileTyped");
+        QTest::addColumn<QVariant>("applied");
+        QTest::addColumn<QString>("shownThen");
+        const QLocale german(QLocale::German, QLocale::Germany);
+        const QLocale c = QLocale::c();
+        const QString angle = "targetPositionDoubleSpinBox";
+        const QString delay = "ackResponseTimeSpinBox";
+        // clang-format off
+        QTest::newRow("comma")            << german << angle << "2,5"       << "2,5"       << QVariant(2.5)    << "2,500";
+        QTest::newRow("point")            << german << angle << "2.5"       << "2,5"       << QVariant(2.5)    << "2,500";
+        QTest::newRow("both")             << german << angle << "1.234,5"   << "1234,5"    << QVariant(1234.5) << "1234,500";
+        QTest::newRow("comma in English") << c      << angle << "1,2"       << "1.2"       << QVariant(1.2)    << "1.200";
+        QTest::newRow("finer than shown") << c      << angle << "1.23456"   << "1.23456"   << QVariant(1.235)  << "1.235";
+        QTest::newRow("unit")             << c      << angle << "2 rad"     << "2 rad"     << QVariant()       << "2 rad";
+        QTest::newRow("sign alone")       << c      << angle << "-"         << "-"         << QVariant()       << "-";
+        QTest::newRow("beyond")           << c      << angle << "-9999"     << "-9999"     << QVariant()       << "-1602.211";
+        QTest::newRow("nothing")          << c      << angle << "\b"        << ""          << QVariant()       << "1.534";
+        QTest::newRow("whole")            << c      << delay << "100"       << "100"       << QVariant(100)    << "100";
+        QTest::newRow("not whole")        << german << delay << "100,5"     << "100,5"     << QVariant()       << "100,5";
+        QTest::newRow("far beyond")       << c      << delay << "99999999999" << "99999999999" << QVariant()   << "508";
+        // clang-format on
+    }
+
+    void typedText()
+    {
+        QFETCH(QLocale, locale);
+        QFETCH(QString, control);
+        QFETCH(QString, typed);
+        QFETCH(QVariant, applied);
+        QFETCH(QString, shownThen);
+        QLocale::setDefault(locale);
+        for (const bool isEntered : {true, false}) {
             ConnectedEditView fixture;
             QByteArray table = tableWith(78, 4, 1000);
-            ConnectedEditView::put(table, 86, 4, 1000000);
+            ConnectedEditView::put(table, 5, 1, 100);
             fixture.connectAndFeed(table);
-            auto &target = fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox");
-            auto &input = dynamic_cast<IGroupInputComponent &>(target);
-            QCOMPARE(target.text(), QString("1,534"));
-            QCOMPARE(fixture.child<QLineEdit>("modelNumberLineEdit").text(), QString("0,0"));
-            QCOMPARE(fixture.child<QLineEdit>("actualPositionLineEdit").text(), QString("1.533,981"));
-            fixture.editSave("v").setChecked(true);
-            enter(target, "2,5");
-            QCOMPARE(target.value(), 2.5);
-            QVERIFY(input.isDirty());
-            enter(target, "1.5"); // the wrong sign must not make it 15
-            QVERIFY(!input.isDirty());
-            QTest::keyClick(&target, Qt::Key_Return);
-            QCOMPARE(target.text(), QString("1,534"));
+            fixture.view->show();
+            auto &field = fixture.child<QAbstractSpinBox>(qPrintable(control));
+            auto &input = dynamic_cast<IGroupInputComponent &>(field);
+            fixture.editSave(control == "ackResponseTimeSpinBox" ? "nv" : "v").setChecked(true);
+            fixture.view->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(fixture.view.get()));
+            field.setFocus();
+            enter(field, typed);
+            QTEST(field.text(), "shownWhileTyped");
+            QCOMPARE(input.isDirty(), applied.isValid());
+            if (applied.isValid())
+                QCOMPARE(field.property("value"), applied);
+            if (isEntered)
+                QTest::keyClick(&field, Qt::Key_Return);
+            else
+                field.clearFocus();
+            QCOMPARE(field.text(), shownThen);
+            const bool isCorrected = shownThen == QString("-1602.211") || shownThen == QString("508");
+            QCOMPARE(input.isDirty(), applied.isValid() || isCorrected);
+            if (isCorrected)
+                QVERIFY2(QToolTip::text().contains("Range: "), qPrintable(QToolTip::text()));
+            QToolTip::hideText();
         }
         QLocale::setDefault(QLocale::c());
     }
 
+    void germanDisplays()
+    {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        {
+            ConnectedEditView fixture;
+            fixture.connectAndFeed(tableWith(86, 4, 1000000));
+            QCOMPARE(fixture.child<QLineEdit>("modelNumberLineEdit").text(), QString("0,0"));
+            QCOMPARE(fixture.child<QLineEdit>("actualPositionLineEdit").text(), QString("1.533,981"));
+        }
+        QLocale::setDefault(QLocale::c());
+    }
+
+    // What is no number is marked until the edit ends, also when the tab is left and shown again, and never applied.
     void unfinishedTextIsNoEdit()
     {
         ConnectedEditView fixture;
         QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
         fixture.connectAndFeed(tableWith(78, 4, 1024));
+        fixture.view->show();
         auto &target = fixture.child<ZelvarDoubleSpinBox>("targetPositionDoubleSpinBox");
         fixture.editSave("v").setChecked(true);
         enter(target, QString("2"));
         QVERIFY(fixture.editSave("v").isEnabled());
-        for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Minus}) {
-            QTest::keyClick(target.findChild<QLineEdit *>(), key);
-            QVERIFY(!fixture.editSave("v").isEnabled());
-        }
-        QTest::keyClick(&target, Qt::Key_Return); // back to the servo's value, not to the 2
+        const QImage unmarked = target.grab().toImage();
+        QTest::keyClicks(target.findChild<QLineEdit *>(), "x");
+        QVERIFY(!fixture.editSave("v").isEnabled());
+        QVERIFY(target.grab().toImage().pixel(0, 5) != unmarked.pixel(0, 5));
+        fixture.view->hide();
+        fixture.view->show();
+        QCOMPARE(target.text(), QString("2x"));
+        QVERIFY(!fixture.editSave("v").isEnabled());
+        fixture.cancel("v").click();
         QCOMPARE(target.text(), QString("1.571"));
+        fixture.editSave("v").setChecked(true);
         enter(target, QString("2\r"));
         QVERIFY(fixture.editSave("v").isChecked());
         QVERIFY(writes.isEmpty()); // Enter does not apply
+    }
+
+    void limitsThatCrossAreToldBeforeApply()
+    {
+        ConnectedEditView fixture;
+        QByteArray table = tableWith(12, 1, 95);
+        ConnectedEditView::put(table, 13, 1, 160);
+        ConnectedEditView::put(table, 9, 2, 2047);
+        fixture.connectAndFeed(table);
+        fixture.editSave("nv").setChecked(true);
+        const std::tuple<const char *, const char *, double, double> rows[] = {
+            {"minVoltageLimitDoubleSpinBox", "maxVoltageLimitDoubleSpinBox", 16.5, 16.0},
+            {"counterClockwiseLimitDoubleSpinBox", "clockwiseLimitDoubleSpinBox", -1.0, 0.0}};
+        for (const auto &[edited, counterpart, crossing, fitting] : rows) {
+            const InRow row(edited);
+            auto &limit = fixture.child<QDoubleSpinBox>(edited);
+            for (const bool isCrossed : {true, false}) {
+                limit.setValue(isCrossed ? crossing : fitting);
+                for (const char *name : {edited, counterpart}) {
+                    QCOMPARE(fixture.child(name).toolTip().contains("limit is above the") ||
+                                 fixture.child(name).toolTip().contains("voltage is above the"),
+                             isCrossed);
+                    QCOMPARE(fixture.child(name).accessibleDescription().isEmpty(), !isCrossed);
+                }
+            }
+        }
     }
 
     void listsShowAllOfTheirEntries()

@@ -6,6 +6,8 @@
 #include "device/uiregisterhelper.h"
 #include "link/processwide.h"
 #include "ui_editview.h"
+#include "widgets/fieldtooltip.h"
+#include "widgets/limitpairs.h"
 #include "widgets/modelnotice.h"
 #include "widgets/uigrouphelper.h"
 
@@ -41,6 +43,16 @@ void makeRoomForHeadings(const QWidget &view)
         label->setMaximumWidth(qMax(label->maximumWidth(), label->sizeHint().width()));
 }
 
+// The fields among the statuses tell of themselves while their registers are known.
+void explainStatuses(const QWidget &view)
+{
+    const auto boxes = view.findChildren<ZelvarStatusCheckBox *>();
+    for (ZelvarStatusCheckBox *box : boxes) {
+        box->setToolTip(FieldToolTip::remarkText(box->objectName()));
+        box->setAccessibleDescription(box->toolTip());
+    }
+}
+
 } // namespace
 
 EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::EditView>())
@@ -61,12 +73,14 @@ EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui:
     ensure<StatusHelper>(this);
     ensure<FieldHelper>(children());
     registerFields(*this);
+    new LimitPairs(*this);
     auto *notice =
         new ModelNotice(tr("The program knows the registers of this servo only in part: all that it cannot read stays "
                            "grey and empty, and "
                            "nothing can be edited. It can be found by a search and set back to its factory values."),
                         this);
     m_ui->verticalLayout->insertWidget(0, notice);
+    explainStatuses(*this);
     connect(qApp, &QApplication::focusChanged, this, &EditView::scrollTo);
 }
 

@@ -8,6 +8,7 @@
 #include "widgets/followeddevice.h"
 
 #include <QLocale>
+#include <QStringList>
 #include <QWidget>
 
 #include <cmath>
@@ -88,7 +89,9 @@ void BoundField::forgetDevice()
     m_limits.reset();
     m_shownRaw.reset();
     m_valueReceived = false;
-    m_widget.setToolTip(QString());
+    m_registersText.clear();
+    m_objection.clear();
+    refreshToolTip();
 }
 
 void BoundField::takeDevice()
@@ -104,7 +107,8 @@ void BoundField::takeDevice()
             m_limits = device->limits(objectName());
             adaptToDevice();
         }
-        m_widget.setToolTip(toolTipText(*device));
+        m_registersText = FieldToolTip::registerText(*device, objectName());
+        refreshToolTip();
     }
     refreshBlank();
 }
@@ -207,18 +211,45 @@ BoundField::Range BoundField::shownRange() const
     return {m_units->toDisplay(m_limits->physicalMin, m_fieldId), m_units->toDisplay(m_limits->physicalMax, m_fieldId)};
 }
 
-QString BoundField::toolTipText(const IDevice &device) const
+QString BoundField::rangeText() const
 {
-    QString registers = FieldToolTip::registerText(device, objectName());
-    if (registers.isEmpty() || !m_limits || !isNumber())
-        return registers;
-    // As it may be typed: without the separators that the controls refuse.
+    if (!m_limits || !isNumber())
+        return {};
     QLocale locale = m_widget.locale();
     locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
     const auto text = [&](double number) { return locale.toString(number, 'f', shownDecimals()); };
     const Range range = shownRange();
     const QString unit = hasUnit() ? m_units->unitName(m_fieldId) : QString();
-    return registers + QLatin1Char('\n') + FieldToolTip::rangeText(text(range.minimum), text(range.maximum), unit);
+    return FieldToolTip::rangeText(text(range.minimum), text(range.maximum), unit);
+}
+
+void BoundField::objectTo(const QString &objection)
+{
+    if (m_objection == objection)
+        return;
+    m_objection = objection;
+    refreshToolTip();
+    m_widget.update();
+}
+
+bool BoundField::isObjectedTo() const
+{
+    return !m_objection.isEmpty();
+}
+
+/** What is known of the field in the tip; what the user might get wrong without it also for a screen reader. */
+void BoundField::refreshToolTip()
+{
+    QStringList remarks;
+    QStringList lines;
+    if (!m_registersText.isEmpty()) {
+        remarks << FieldToolTip::remarkText(objectName(), m_units->unitName(m_fieldId)) << m_objection;
+        lines << m_registersText << rangeText() << remarks;
+    }
+    remarks.removeAll(QString());
+    lines.removeAll(QString());
+    m_widget.setToolTip(lines.join(QLatin1Char('\n')));
+    m_widget.setAccessibleDescription(remarks.join(QLatin1Char(' ')));
 }
 
 int BoundField::shownDecimals() const

@@ -5,6 +5,7 @@
 #include "device/igroupinputcomponent.h"
 #include "device/iunitdatafield.h"
 
+#include <QString>
 #include <QtGlobal>
 
 #include <memory>
@@ -46,6 +47,9 @@ public:
     void setValue(int raw) override;
     void applyDependency() override;
 
+    /** Marks the field and tells in its tip what is wrong with what it shows; empty when nothing is any more. */
+    void objectTo(const QString &objection);
+
 protected:
     /** Ends of a range in the display unit. */
     struct Range
@@ -78,6 +82,8 @@ protected:
     /** Editing ends: text that is no value gives way to the last value from the servo. */
     virtual void finishTyping() {}
     virtual void disable(bool disabled);
+    /** Whether the user is to see that there is something wrong with the field. */
+    virtual bool isMarked() const { return false; }
 
     /** For the slot on_deviceLoaded() of the concrete class. */
     void takeDevice();
@@ -92,6 +98,8 @@ protected:
     bool isNumber() const;
     /** What the field can hold, as the widget shows it. REQUIRES: limits(). */
     virtual Range shownRange() const;
+    /** shownRange() for the user, as it may be typed; empty for what is no number. */
+    QString rangeText() const;
     /** Decimals to show: those of the unit, or as many as one raw step needs. REQUIRES: limits(). */
     int shownDecimals() const;
     /** @p raw in the display unit. REQUIRES: limits(). */
@@ -104,6 +112,7 @@ protected:
 
     bool isConnected() const;
     bool isLocked() const;
+    bool isObjectedTo() const;
     /** Whether there is no value to show: no link, nothing received yet, or out of use. */
     bool isBlank() const;
     /** Null until the device model is loaded, and when it lacks the field. */
@@ -117,7 +126,7 @@ private:
     bool isGroupEdited() const;
     void markDirty(bool dirty);
     void forgetDevice();
-    QString toolTipText(const IDevice &device) const;
+    void refreshToolTip();
 
     QWidget &m_widget;
     const IEditGroup *m_parentGroup; ///< null outside a group
@@ -126,6 +135,8 @@ private:
     std::optional<FieldLimits> m_limits;
     std::unique_ptr<const UnitsHelper> m_units;
     std::optional<int> m_shownRaw;
+    QString m_registersText;
+    QString m_objection;
     bool m_connected = false;
     bool m_valueReceived = false;
     bool m_dirty = false;

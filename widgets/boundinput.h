@@ -3,6 +3,7 @@
 #include "device/fieldhelper.h"
 #include "widgets/boundfield.h"
 #include "widgets/ground.h"
+#include "widgets/mark.h"
 
 #include <QWheelEvent>
 
@@ -66,6 +67,8 @@ protected:
     {
         ground::paint(*this, *event);
         QtBase::paintEvent(event);
+        if (this->isMarked())
+            mark::paint(*this);
     }
 
     void wheelEvent(QWheelEvent *event) override

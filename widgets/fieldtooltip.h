@@ -18,4 +18,13 @@ public:
     static QString registerText(const IDevice &device, const QString &objectName);
     /** For example "Range: -1602.211 to 1602.211 radians". @param unit empty for a field without one. */
     static QString rangeText(const QString &minimum, const QString &maximum, const QString &unit);
+    /**
+     * What the caption of the control @p objectName does not say: of a status what it means and what to do, of a number
+     * whose caption has another unit the right one. Empty for most. @param unit the unit that the control shows.
+     */
+    static QString remarkText(const QString &objectName, const QString &unit = QString());
+    /** That @p typed is no number. */
+    static QString noNumberText(const QString &typed);
+    /** That @p typed was beyond the range and has been corrected. */
+    static QString correctedText(const QString &typed);
 };

@@ -111,9 +111,10 @@ QString ApplyText::notApplied(const session::ApplyReport &report) const
 
 QString ApplyText::dropped(const session::ApplyReport &report) const
 {
-    if (report.edited.size() == 1)
-        return tr("not sent before the connection ended: %1").arg(caption(*report.edited.front().field));
-    return tr("not sent before the connection ended: %1 values").arg(report.edited.size());
+    const QString what =
+        report.edited.size() == 1 ? caption(*report.edited.front().field) : tr("%1 values").arg(report.edited.size());
+    return report.verdict == Verdict::Dropped ? tr("not sent before the connection ended: %1").arg(what)
+                                              : tr("not read back before the connection ended: %1").arg(what);
 }
 
 QString ApplyText::value(const model::Field &field, quint32 bits) const

@@ -22,7 +22,7 @@ public:
     QString fields(const std::vector<session::AppliedField> &fields) const;
     /** The rows and the reason of a box, as rich text. */
     QString notApplied(const session::ApplyReport &report) const;
-    /** For a block that was never sent. */
+    /** For a block that was never sent, or not read back. */
     QString dropped(const session::ApplyReport &report) const;
 
     /** What @p bits in the registers of @p field mean, for example "2.499 radians" or "Joint". */

@@ -3,6 +3,7 @@
 #include "app/boxes.h"
 #include "app/linkline.h"
 #include "session/applyproof.h"
+#include "widgets/fieldtooltip.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -59,15 +60,18 @@ void LinkReporter::onStateChanged(State state, State before)
 void LinkReporter::onPolled(const model::RegisterImage &image)
 {
     QStringList faults;
+    QStringList remedies;
     for (const model::Field &field : image.family().fields) {
         const bool isReported = !field.isWritable() && !field.flags.isEmpty();
         const quint32 bits = isReported ? image.bits(field).value_or(0) : 0;
         for (const model::Flag &flag : field.flags) {
-            if (bits & (1U << flag.bit))
+            if (bits & (1U << flag.bit)) {
                 faults.append(QCoreApplication::translate("EditView", flag.label));
+                remedies.append(FieldToolTip::remarkText(QLatin1String(flag.control)));
+            }
         }
     }
-    m_line.showFault(faults.join(QLatin1String(", ")));
+    m_line.showFault(faults.join(QLatin1String(", ")), remedies.join(QLatin1Char('\n')));
 }
 
 void LinkReporter::onQualityChanged()
@@ -90,6 +94,7 @@ void LinkReporter::onReported(const session::ApplyReport &report)
         m_line.tell(m_text.applied(report), m_text.fields(report.edited));
         return;
     case Verdict::Dropped:
+    case Verdict::Unproved:
         m_line.tell(m_text.dropped(report), m_text.fields(report.edited));
         return;
     case Verdict::Elsewhere:

@@ -209,23 +209,26 @@ void ServoBus::receive()
     if (bytes.isEmpty() || !isOpen())
         return;
     qCDebug(lcWire).noquote() << "<-" << bytes.toHex(' ');
-    if (m_state == State::Draining && ++m_drainRounds < MaximumDrainRounds)
-        waitFor(DrainSilence);
-    if (m_state != State::Exchanging)
+    const bool isDraining = m_state == State::Draining;
+    if (isDraining)
+        waitFor(++m_drainRounds < MaximumDrainRounds ? DrainSilence : Clock::Duration(0));
+    if (!m_exchange)
         return;
 
+    // On a line that holds answers back they come while it is drained for the repeat, and count all the same.
     switch (m_exchange->take(bytes)) {
     case Exchange::Progress::Waiting:
         return;
     case Exchange::Progress::Answered:
-        finish(Outcome::Answered, State::Idle);
+        finish(Outcome::Answered, isDraining ? State::Draining : State::Idle);
         return;
     case Exchange::Progress::Refused:
         qCDebug(lcLink) << "servo" << m_current.request.id << "refused a request";
-        finish(Outcome::Refused, State::Idle);
+        finish(Outcome::Refused, isDraining ? State::Draining : State::Idle);
         return;
     case Exchange::Progress::Garbled:
-        attemptFailed();
+        if (!isDraining)
+            attemptFailed();
         return;
     }
 }
@@ -260,11 +263,11 @@ void ServoBus::drainEnded()
     const bool isSilent = !m_line->waitForReceived(Clock::Duration(0));
     if (!isOpen())
         return;
-    m_line->takeReceived();
-    if (!isSilent && ++m_drainRounds < MaximumDrainRounds) {
-        waitFor(DrainSilence);
+    if (!isSilent && m_drainRounds < MaximumDrainRounds) {
+        receive();
         return;
     }
+    m_line->takeReceived();
     m_state = State::Idle;
     if (!m_exchange)
         startNext();

@@ -14,6 +14,9 @@ namespace {
 using Outcome = BusResult::Outcome;
 using Verdict = ApplyReport::Verdict;
 
+/** How long a servo that does not answer is asked for what it has. */
+constexpr std::chrono::seconds Patience{1};
+
 constexpr const char *ServoId = "id";
 constexpr const char *BaudRate = "baud_rate";
 constexpr const char *MotorSwitch = "control_enable";
@@ -46,8 +49,9 @@ std::vector<AppliedField> fieldsOf(const model::RegisterImage &before, quint8 ad
 
 } // namespace
 
-ApplyProof::ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image)
-    : m_connection(connection), m_bus(bus), m_image(std::move(image))
+ApplyProof::ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image,
+                       Clock &clock)
+    : m_connection(connection), m_bus(bus), m_clock(clock), m_image(std::move(image))
 {
     connect(&connection, &Connection::writeSent, this, &ApplyProof::onWriteSent);
     connect(&connection, &Connection::written, this, &ApplyProof::onWritten);
@@ -90,7 +94,7 @@ std::vector<AppliedField> ApplyProof::undoable() const
 
 void ApplyProof::expect(quint8 address, const QByteArray &data)
 {
-    Pending pending{address, data, fieldsOf(*m_image, address, data), {}, false};
+    Pending pending{++m_lastNumber, address, data, fieldsOf(*m_image, address, data), {}, false, {}};
     for (const AppliedField &field : pending.fields) {
         if (field.before != field.wanted)
             pending.report.edited.push_back(field);
@@ -112,72 +116,112 @@ void ApplyProof::onWritten(const WriteOutcome &outcome)
     const auto found = std::find_if(m_pending.begin(), m_pending.end(), isThis);
     if (found == m_pending.end())
         return; // somebody else's
-    Pending pending = std::move(*found);
-    m_pending.erase(found);
-    pending.report.write = outcome.result;
+    found->report.write = outcome.result;
+    found->writtenAt = m_clock.now();
     const bool isRefused = outcome.result.outcome == Outcome::Refused;
     if (outcome.result.outcome == Outcome::PortLost || outcome.result.outcome == Outcome::Withdrawn) {
-        pending.report.verdict = outcome.result.attempts == 0 ? Verdict::Dropped : Verdict::Unknown;
-        report(pending.report);
+        found->report.verdict = outcome.result.attempts == 0 ? Verdict::Dropped : Verdict::Unproved;
+        report(found->number);
         return;
     }
-    const auto servoId = quint8(isRefused ? m_connection.address().id : m_connection.servoAddress().id);
-    readBack(pending, servoId);
+    readBack(*found, quint8(isRefused ? m_connection.address().id : m_connection.servoAddress().id));
 }
 
 void ApplyProof::onStateChanged(State state)
 {
     if (state == State::Identifying) {
-        ++m_session;
         m_pending.clear();
         m_lastApplied.clear();
     }
     if (state != State::Disconnected)
         return;
-    // What is on its way will still be told of.
-    const auto firstDropped = std::stable_partition(m_pending.begin(), m_pending.end(),
-                                                    [](const Pending &pending) { return pending.isSent; });
-    const std::vector<Pending> dropped(firstDropped, m_pending.end());
-    m_pending.erase(firstDropped, m_pending.end());
-    for (Pending pending : dropped) {
+    std::vector<quint64> dropped; // what is on its way will still be told of
+    for (Pending &pending : m_pending) {
+        if (pending.isSent)
+            continue;
         pending.report.verdict = Verdict::Dropped;
-        report(pending.report);
+        dropped.push_back(pending.number);
     }
+    for (const quint64 number : dropped)
+        report(number);
 }
 
-void ApplyProof::readBack(const Pending &pending, quint8 servoId)
+void ApplyProof::readBack(Pending &pending, quint8 servoId)
 {
     BusRequest request;
     request.operation = BusRequest::Operation::Read;
     request.id = servoId;
     request.length = quint8(m_image->family().tableSize);
-    ++m_reading;
     const QPointer<ApplyProof> self(this);
-    m_bus.request(request, [self, pending, servoId, session = m_session](const BusResult &result) {
-        if (!self)
-            return;
-        --self->m_reading;
-        if (session == self->m_session)
-            self->onRead(pending, servoId, result);
+    m_bus.request(request, [self, number = pending.number, servoId](const BusResult &result) {
+        if (self)
+            self->onRead(number, servoId, result);
     });
 }
 
-void ApplyProof::onRead(Pending pending, quint8 servoId, const BusResult &result)
+void ApplyProof::onRead(quint64 number, quint8 servoId, const BusResult &result)
 {
+    Pending *pending = find(number);
+    if (!pending)
+        return; // of an earlier connection
     const auto before = quint8(m_connection.address().id);
-    if (result.outcome == Outcome::Answered) {
-        const bool isWhereItWas = servoId == before;
-        judge(pending, result.data, isWhereItWas);
-        if (isWhereItWas)
+    const bool isAnswered = result.outcome == Outcome::Answered;
+    if (isAnswered && isSuperseded(*pending))
+        return;
+    if (isAnswered) {
+        absorbSuperseded(number);
+        judge(*find(number), result.data, servoId == before);
+        if (servoId == before)
             Q_EMIT read(result.data);
     } else if (servoId != before) {
         // Nobody at the new id: the servo may not have taken it.
-        readBack(pending, before);
+        readBack(*pending, before);
         return;
+    } else if (result.outcome == Outcome::NoAnswer && m_clock.now() - pending->writtenAt < Patience) {
+        readBack(*pending, quint8(m_connection.servoAddress().id));
+        return;
+    } else if (result.outcome == Outcome::Withdrawn || result.outcome == Outcome::PortLost) {
+        pending->report.verdict = Verdict::Unproved;
     } else {
-        pending.report.verdict = movesBaudRate() ? Verdict::Elsewhere : Verdict::Unknown;
+        pending->report.verdict = movesBaudRate() ? Verdict::Elsewhere : Verdict::Unknown;
     }
-    report(pending.report);
+    report(number);
+}
+
+/** Whether a later block has gone out to the same registers, which is then to prove the fields of @p pending, too. */
+bool ApplyProof::isSuperseded(const Pending &pending) const
+{
+    return std::any_of(m_pending.begin(), m_pending.end(), [&pending](const Pending &other) {
+        return other.number > pending.number && other.isSent && other.address == pending.address;
+    });
+}
+
+/** Takes the fields of all blocks over that the one of @p number has superseded. */
+void ApplyProof::absorbSuperseded(quint64 number)
+{
+    Pending &later = *find(number);
+    const auto isEarlier = [number, address = later.address](const Pending &other) {
+        return other.number < number && other.address == address;
+    };
+    for (const Pending &earlier : m_pending) {
+        if (!isEarlier(earlier))
+            continue;
+        for (const AppliedField &field : earlier.report.edited)
+            absorb(field, later);
+    }
+    m_pending.erase(std::remove_if(m_pending.begin(), m_pending.end(), isEarlier), m_pending.end());
+}
+
+void ApplyProof::absorb(const AppliedField &field, Pending &later)
+{
+    const auto isThis = [&field](const AppliedField &other) { return other.field == field.field; };
+    std::vector<AppliedField> &edited = later.report.edited;
+    const auto again = std::find_if(edited.begin(), edited.end(), isThis);
+    const auto wanted = std::find_if(later.fields.begin(), later.fields.end(), isThis);
+    if (again != edited.end())
+        again->before = field.before;
+    else if (wanted != later.fields.end())
+        edited.push_back({field.field, wanted->wanted, field.before, std::nullopt});
 }
 
 void ApplyProof::judge(Pending &pending, const QByteArray &registers, bool isWhereItWas) const
@@ -210,11 +254,26 @@ bool ApplyProof::movesBaudRate() const
     return m_connection.servoAddress().baudRate != m_connection.address().baudRate;
 }
 
-void ApplyProof::report(const ApplyReport &report)
+ApplyProof::Pending *ApplyProof::find(quint64 number)
 {
-    if (report.verdict == Verdict::Applied)
-        m_lastApplied = report.edited;
-    Q_EMIT reported(report);
+    const auto found = std::find_if(m_pending.begin(), m_pending.end(),
+                                    [number](const Pending &pending) { return pending.number == number; });
+    return found == m_pending.end() ? nullptr : &*found;
+}
+
+void ApplyProof::report(quint64 number)
+{
+    if (Pending *pending = find(number); pending && pending->report.verdict != Verdict::Dropped)
+        absorbSuperseded(number);
+    const auto found = std::find_if(m_pending.begin(), m_pending.end(),
+                                    [number](const Pending &pending) { return pending.number == number; });
+    if (found == m_pending.end())
+        return;
+    const ApplyReport ended = std::move(found->report);
+    m_pending.erase(found);
+    if (ended.verdict == Verdict::Applied)
+        m_lastApplied = ended.edited;
+    Q_EMIT reported(ended);
 }
 
 } // namespace session

@@ -7,7 +7,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -24,6 +23,9 @@ struct Block
  * Proves that applied blocks have taken: reads the servo as soon as a block was acknowledged or given up, holds the
  * block against what it has, and reports. GUI thread only.
  *
+ * A block after which the same registers were written once more, before they could be read, is proved with the later
+ * one.
+ *
  * Not held against a block: what the servo changes by itself, and, unless the servo is still where it was, its id and
  * baud rate, which the connection tells of.
  */
@@ -33,11 +35,12 @@ class ApplyProof : public QObject
 
 public:
     /** @param connection, @param bus must outlive this object. @param image what polls keep. */
-    ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image);
+    ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image,
+               Clock &clock = SystemClock::instance());
     ~ApplyProof() override;
 
     /** Whether a block is on its way to being proved. */
-    bool isPending() const { return !m_pending.empty() || m_reading > 0; }
+    bool isPending() const { return !m_pending.empty(); }
     /** What the last block that was proved has changed; empty when there is none since the connection was made. */
     const std::vector<AppliedField> &lastApplied() const { return m_lastApplied; }
     /** Whether the servo still has what was applied last, as far as the image knows, so that it can be undone. */
@@ -58,11 +61,13 @@ Q_SIGNALS:
 private:
     struct Pending
     {
+        quint64 number; ///< later blocks have greater ones
         quint8 address;
         QByteArray data;
         std::vector<AppliedField> fields; ///< all that the block writes
         ApplyReport report;
         bool isSent = false;
+        Clock::TimePoint writtenAt{}; ///< acknowledged or given up
 
         bool isWrite(quint8 writtenAddress, const QByteArray &writtenData) const
         {
@@ -73,20 +78,24 @@ private:
     void onWriteSent(quint8 address, const QByteArray &data);
     void onWritten(const WriteOutcome &outcome);
     void onStateChanged(State state);
-    void readBack(const Pending &pending, quint8 servoId);
-    void onRead(Pending pending, quint8 servoId, const BusResult &result);
+    void readBack(Pending &pending, quint8 servoId);
+    void onRead(quint64 number, quint8 servoId, const BusResult &result);
+    bool isSuperseded(const Pending &pending) const;
+    void absorbSuperseded(quint64 number);
+    static void absorb(const AppliedField &field, Pending &later);
     void judge(Pending &pending, const QByteArray &registers, bool isWhereItWas) const;
     bool isHeld(const AppliedField &field, const Pending &pending, bool isWhereItWas) const;
     bool movesBaudRate() const;
     std::vector<AppliedField> undoable() const;
-    void report(const ApplyReport &report);
+    Pending *find(quint64 number);
+    void report(quint64 number);
 
     Connection &m_connection;
     ServoBus &m_bus;
+    Clock &m_clock;
     std::shared_ptr<const model::RegisterImage> m_image;
-    std::deque<Pending> m_pending; ///< not written yet, oldest first
-    int m_reading = 0;             ///< written, being read back
-    quint64 m_session = 0;         ///< counts connections: what one asked for must not be told in the next
+    std::vector<Pending> m_pending; ///< oldest first
+    quint64 m_lastNumber = 0;
     std::vector<AppliedField> m_lastApplied;
 };
 

@@ -23,9 +23,10 @@ struct ApplyReport
     enum class Verdict {
         Applied,    ///< read back as it was to be
         NotApplied, ///< the servo has something else
-        Unknown,    ///< nothing could be read back
+        Unknown,    ///< the servo does not answer, so that nothing could be read back
         Elsewhere,  ///< the block has given the servo a baud rate at which it cannot be asked on this connection
         Dropped,    ///< never sent: the connection ended before
+        Unproved,   ///< sent, and the connection ended before it could be read back
     };
 
     Verdict verdict = Verdict::Unknown;

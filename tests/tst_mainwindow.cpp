@@ -213,8 +213,9 @@ private Q_SLOTS:
             const bool isReboot = name == "reboot";
             const QString done =
                 isReboot ? servo + " was rebooted successfully" : "Factory reset of " + servo + " was successful";
-            const QString silent = "Servo 200 did not answer at 1000000 baud on PORT. Check its supply, the cable, its address "
-                                   "and its baud rate; Search finds servos at other ones.";
+            const QString silent =
+                "Servo 200 did not answer at 1000000 baud on PORT. Check its supply, the cable, its address "
+                "and its baud rate; Search finds servos at other ones.";
             // clang-format off
             const std::tuple<const char *, QByteArray, QStringList> rows[] = {
                 {"refused",    {},   {BoxWatcher::critical("Error occurred during " + name + " operation")}},

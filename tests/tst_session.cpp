@@ -98,7 +98,7 @@ struct Fixture
             std::make_shared<SerialHelper>(std::make_shared<ZelvarSerialPortInterface>(nullptr, std::move(ownedBus)));
         image = std::make_shared<model::RegisterImage>();
         connection = std::make_unique<session::Connection>(image, helper->bus(), clock);
-        proof = std::make_unique<session::ApplyProof>(*connection, *helper->bus(), image);
+        proof = std::make_unique<session::ApplyProof>(*connection, *helper->bus(), image, clock);
         scheduler = std::make_unique<UiScheduler>(uint8_t(3), helper, target, nullptr);
         QObject::connect(connection.get(), &session::Connection::stateChanged, connection.get(),
                          [this](State state) { states.append(state); });
@@ -191,7 +191,13 @@ QByteArray blockOf(const Group &group, const QByteArray &registers)
     return all.mid(group.address, group.size);
 }
 
+using Disturb = std::function<void(Servo &)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Disturb)
+Q_DECLARE_METATYPE(ApplyReport::Verdict)
+Q_DECLARE_METATYPE(BusResult::Outcome)
 
 class TestSession : public QObject
 {
@@ -278,10 +284,9 @@ private Q_SLOTS:
 
     void eachFaultEndsInOneStatement_data()
     {
-        QTest::addColumn<std::function<void(Servo &)>>("disturb");
+        QTest::addColumn<Disturb>("disturb");
         QTest::addColumn<Verdict>("verdict");
         QTest::addColumn<BusResult::Outcome>("write");
-        using Disturb = std::function<void(Servo &)>;
         using Outcome = BusResult::Outcome;
         const auto row = [](const char *name, const Disturb &disturb, Verdict verdict, Outcome write) {
             QTest::newRow(name) << disturb << verdict << write;
@@ -337,7 +342,7 @@ private Q_SLOTS:
 
     void eachFaultEndsInOneStatement()
     {
-        QFETCH(std::function<void(Servo &)>, disturb);
+        QFETCH(Disturb, disturb);
         QFETCH(Verdict, verdict);
         QFETCH(BusResult::Outcome, write);
         for (const Group &group : Groups) {
@@ -380,6 +385,26 @@ private Q_SLOTS:
             const QStringList both{"id", "upper_temperature_limit"};
             QCOMPARE(keys(fixture.reports.front().others), moves ? QStringList() : both);
         }
+    }
+
+    void aBlockThatALaterOneOvertakesIsProvedWithIt()
+    {
+        Fixture fixture;
+        fixture.connectAndRead();
+        for (const char gain : {'\1', '\2'}) {
+            QByteArray block = fixture.servo.registers.mid(48, 60);
+            block[6] = gain;
+            block[8] = 7;
+            fixture.proof->expect(48, block);
+            fixture.helper->writeData(3, 48, block, {});
+            Q_EMIT fixture.scheduler->writeSent(48, block);
+            fixture.image->assumeWritten(48, block);
+        }
+        fixture.runUntil([&fixture] { return !fixture.proof->isPending(); });
+        QCOMPARE(fixture.reports.size(), std::size_t(1));
+        QCOMPARE(fixture.reports.front().verdict, Verdict::Applied);
+        const QStringList both{"position_proportional_gain", "velocity_feedforward_gain"};
+        QCOMPARE(keys(fixture.reports.front().edited), both);
     }
 
     void whatWasNeverSentIsTold()
@@ -461,10 +486,6 @@ private Q_SLOTS:
 private:
     QMap<int, bool> m_kept;
 };
-
-Q_DECLARE_METATYPE(std::function<void(Servo &)>)
-Q_DECLARE_METATYPE(ApplyReport::Verdict)
-Q_DECLARE_METATYPE(BusResult::Outcome)
 
 ZELVAR_TEST_MAIN(TestSession)
 

@@ -2,7 +2,7 @@
 
 #include "app/mainwindow.h"
 #include "app/translations.h"
-#include "device/zelvarv1registers.h"
+#include "device/zelvarv1.h"
 #include "tests/support/testenvironment.h"
 
 namespace {
@@ -153,9 +153,13 @@ private Q_SLOTS:
         font.setPointSize(8);
         QMap<QPair<quint32, QString>, QString> seen;
         QStringList confused;
-        for (const RegisterRow &row : ZelvarV1Registers) {
-            const QString text = QCoreApplication::translate("ZelvarV1", row.description);
-            QString &other = seen[{row.bank, QFontMetrics(font).elidedText(text, Qt::ElideMiddle, Room)}];
+        const ZelvarV1 device;
+        for (unsigned address = 0; address < device.controlTableSize(); ++address) {
+            const auto row = device.registerDescription(quint16(address));
+            if (!row)
+                continue;
+            const QString text = row->description;
+            QString &other = seen[{row->bank, QFontMetrics(font).elidedText(text, Qt::ElideMiddle, Room)}];
             if (!other.isEmpty() && other != text)
                 confused << other + " / " + text;
             other = text;

@@ -64,10 +64,6 @@
         <translation>nicht gesendet, bevor die Verbindung endete: %1</translation>
     </message>
     <message>
-        <source>not sent before the connection ended: %1 values</source>
-        <translation>nicht gesendet, bevor die Verbindung endete: %1 Werte</translation>
-    </message>
-    <message>
         <source>error number %1, which the servo&apos;s family does not have</source>
         <translation>Fehlernummer %1, die es in der Familie des Servos nicht gibt</translation>
     </message>
@@ -90,6 +86,14 @@
     <message>
         <source>not known</source>
         <translation>nicht bekannt</translation>
+    </message>
+    <message>
+        <source>%1 values</source>
+        <translation>%1 Werte</translation>
+    </message>
+    <message>
+        <source>not read back before the connection ended: %1</source>
+        <translation>nicht zurückgelesen, bevor die Verbindung endete: %1</translation>
     </message>
 </context>
 <context>
@@ -453,6 +457,78 @@
         <source>Range: %1 to %2 %3</source>
         <translation>Bereich: %1 bis %2 %3</translation>
     </message>
+    <message>
+        <source>This number is in rad/s, also where the caption tells another unit.</source>
+        <translation>Diese Zahl ist in rad/s, auch wenn die Beschriftung eine andere Einheit nennt.</translation>
+    </message>
+    <message>
+        <source>The load is more than the motor can move or hold. Take it off, then reboot the servo.</source>
+        <translation>Die Last ist größer, als der Motor bewegen oder halten kann. Die Last entfernen, dann den Servo neu starten.</translation>
+    </message>
+    <message>
+        <source>The servo is hotter than its temperature limit. Turn the motor off and let it cool down.</source>
+        <translation>Der Servo ist heißer als seine Temperaturgrenze. Den Motor ausschalten und abkühlen lassen.</translation>
+    </message>
+    <message>
+        <source>The position, or the target, is beyond the angle limits. Choose a target within them.</source>
+        <translation>Die Position oder das Ziel liegt außerhalb der Winkelgrenzen. Ein Ziel innerhalb der Grenzen wählen.</translation>
+    </message>
+    <message>
+        <source>The supply voltage is below the minimum or above the maximum voltage. Check the supply and these two limits.</source>
+        <translation>Die Versorgungsspannung liegt unter der Mindest- oder über der Höchstspannung. Die Versorgung und diese beiden Grenzen prüfen.</translation>
+    </message>
+    <message>
+        <source>The position sensor fails. Switch the supply off and on; if the error comes back, the servo needs repair.</source>
+        <translation>Der Positionssensor ist gestört. Die Versorgung aus- und einschalten; kommt der Fehler wieder, muss der Servo repariert werden.</translation>
+    </message>
+    <message>
+        <source>The motor&apos;s rotation sensor fails. Switch the supply off and on; if the error comes back, the servo needs repair.</source>
+        <translation>Der Drehsensor des Motors ist gestört. Die Versorgung aus- und einschalten; kommt der Fehler wieder, muss der Servo repariert werden.</translation>
+    </message>
+    <message>
+        <source>The servo could not carry out the last request. If this stays, reboot the servo.</source>
+        <translation>Der Servo konnte die letzte Anfrage nicht ausführen. Bleibt das so, den Servo neu starten.</translation>
+    </message>
+    <message>
+        <source>The servo does not know the last instruction. Check that it is a model that this program supports.</source>
+        <translation>Der Servo kennt den letzten Befehl nicht. Prüfen, ob dieses Programm das Modell unterstützt.</translation>
+    </message>
+    <message>
+        <source>The last request arrived damaged. Check cable and adapter, or choose a lower baud rate.</source>
+        <translation>Die letzte Anfrage kam beschädigt an. Kabel und Adapter prüfen oder eine niedrigere Baudrate wählen.</translation>
+    </message>
+    <message>
+        <source>A value was beyond what its register takes. Check what was applied last.</source>
+        <translation>Ein Wert lag außerhalb dessen, was sein Register aufnimmt. Prüfen, was zuletzt angewendet wurde.</translation>
+    </message>
+    <message>
+        <source>The last request had more or fewer bytes than its registers. Check that the servo is a model that this program supports.</source>
+        <translation>Die letzte Anfrage hatte mehr oder weniger Bytes als ihre Register. Prüfen, ob dieses Programm das Modell unterstützt.</translation>
+    </message>
+    <message>
+        <source>A value was beyond a limit that is set in the servo. Check the limits among the non-volatile parameters.</source>
+        <translation>Ein Wert lag außerhalb einer im Servo eingestellten Grenze. Die Grenzen unter den nichtflüchtigen Parametern prüfen.</translation>
+    </message>
+    <message>
+        <source>A register cannot be written, or not now. Turn the motor off before you change non-volatile parameters.</source>
+        <translation>Ein Register lässt sich nicht oder jetzt nicht beschreiben. Vor dem Ändern nichtflüchtiger Parameter den Motor ausschalten.</translation>
+    </message>
+    <message>
+        <source>The servo reports a hardware error. The boxes under &quot;Hardware error status&quot; tell which.</source>
+        <translation>Der Servo meldet einen Hardwarefehler. Welchen, sagen die Kästchen unter „Hardwarefehler“.</translation>
+    </message>
+    <message>
+        <source>This limit is a torque: its number is in %1, not in the unit of the caption.</source>
+        <translation>Diese Grenze ist ein Drehmoment: Die Zahl ist in %1, nicht in der Einheit der Beschriftung.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number and is not applied.</source>
+        <translation>„%1“ ist keine Zahl und wird nicht angewendet.</translation>
+    </message>
+    <message>
+        <source>%1 was beyond the range and has been corrected.</source>
+        <translation>%1 lag außerhalb des Bereichs und wurde korrigiert.</translation>
+    </message>
 </context>
 <context>
     <name>GroupKeys</name>
@@ -467,6 +543,17 @@
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LimitPairs</name>
+    <message>
+        <source>The minimum voltage is above the maximum voltage: no supply is right for the servo then.</source>
+        <translation>Die Mindestspannung liegt über der Höchstspannung: Dann ist für den Servo keine Versorgung richtig.</translation>
+    </message>
+    <message>
+        <source>The clockwise limit is above the counter-clockwise limit: no position is allowed then.</source>
+        <translation>Die Grenze im Uhrzeigersinn liegt über der gegen den Uhrzeigersinn: Dann ist keine Position erlaubt.</translation>
     </message>
 </context>
 <context>
@@ -1096,11 +1183,11 @@
     </message>
     <message>
         <source>Lower input voltage limit</source>
-        <translation>Untere Grenze der Eingangsspannung</translation>
+        <translation>Mindestspannung am Eingang</translation>
     </message>
     <message>
         <source>Upper input voltage limit</source>
-        <translation>Obere Grenze der Eingangsspannung</translation>
+        <translation>Höchstspannung am Eingang</translation>
     </message>
     <message>
         <source>Input mode</source>
@@ -1156,11 +1243,11 @@
     </message>
     <message>
         <source>CW angle limit</source>
-        <translation>Winkelgrenze rechts</translation>
+        <translation>Rechte Winkelgrenze</translation>
     </message>
     <message>
         <source>CCW angle limit</source>
-        <translation>Winkelgrenze links</translation>
+        <translation>Linke Winkelgrenze</translation>
     </message>
     <message>
         <source>Torque limit</source>
@@ -1184,59 +1271,59 @@
     </message>
     <message>
         <source>Default position proportional gain</source>
-        <translation>Vorgabe P-Verstärkung Position</translation>
+        <translation>Position P-Verstärkung, Vorgabe</translation>
     </message>
     <message>
         <source>Default velocity feedforward gain</source>
-        <translation>Vorgabe Vorsteuerung Geschwindigkeit</translation>
+        <translation>Geschw. Vorsteuerung, Vorgabe</translation>
     </message>
     <message>
         <source>Default current feedforward gain</source>
-        <translation>Vorgabe Vorsteuerung Strom</translation>
+        <translation>Strom Vorsteuerung, Vorgabe</translation>
     </message>
     <message>
         <source>Default velocity integral gain</source>
-        <translation>Vorgabe I-Verstärkung Geschwindigkeit</translation>
+        <translation>Geschw. I-Verstärkung, Vorgabe</translation>
     </message>
     <message>
         <source>Default velocity proportional gain</source>
-        <translation>Vorgabe P-Verstärkung Geschwindigkeit</translation>
+        <translation>Geschw. P-Verstärkung, Vorgabe</translation>
     </message>
     <message>
         <source>Default angular velocity profile</source>
-        <translation>Vorgabe Profil der Winkelgeschwindigkeit</translation>
+        <translation>Geschw.-Profil, Vorgabe</translation>
     </message>
     <message>
         <source>Default acceleration profile</source>
-        <translation>Vorgabe Beschleunigungsprofil</translation>
+        <translation>Beschl.-Profil, Vorgabe</translation>
     </message>
     <message>
         <source>Position proportional gain</source>
-        <translation>P-Verstärkung Position</translation>
+        <translation>Position P-Verstärkung</translation>
     </message>
     <message>
         <source>Velocity feedforward gain</source>
-        <translation>Vorsteuerung Geschwindigkeit</translation>
+        <translation>Geschw. Vorsteuerung</translation>
     </message>
     <message>
         <source>Current feedforward gain</source>
-        <translation>Vorsteuerung Strom</translation>
+        <translation>Strom Vorsteuerung</translation>
     </message>
     <message>
         <source>Velocity integral gain</source>
-        <translation>I-Verstärkung Geschwindigkeit</translation>
+        <translation>Geschw. I-Verstärkung</translation>
     </message>
     <message>
         <source>Velocity proportional gain</source>
-        <translation>P-Verstärkung Geschwindigkeit</translation>
+        <translation>Geschw. P-Verstärkung</translation>
     </message>
     <message>
         <source>Angular velocity profile</source>
-        <translation>Profil der Winkelgeschwindigkeit</translation>
+        <translation>Geschw.-Profil</translation>
     </message>
     <message>
         <source>Acceleration profile</source>
-        <translation>Beschleunigungsprofil</translation>
+        <translation>Beschl.-Profil</translation>
     </message>
     <message>
         <source>Target position</source>

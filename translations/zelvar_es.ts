@@ -64,10 +64,6 @@
         <translation>no enviado antes del fin de la conexión: %1</translation>
     </message>
     <message>
-        <source>not sent before the connection ended: %1 values</source>
-        <translation>no enviados antes del fin de la conexión: %1 valores</translation>
-    </message>
-    <message>
         <source>error number %1, which the servo&apos;s family does not have</source>
         <translation>número de error %1, que la familia del servo no tiene</translation>
     </message>
@@ -90,6 +86,14 @@
     <message>
         <source>not known</source>
         <translation>no se sabe</translation>
+    </message>
+    <message>
+        <source>%1 values</source>
+        <translation>%1 valores</translation>
+    </message>
+    <message>
+        <source>not read back before the connection ended: %1</source>
+        <translation>no releído antes del fin de la conexión: %1</translation>
     </message>
 </context>
 <context>
@@ -453,6 +457,78 @@
         <source>Range: %1 to %2 %3</source>
         <translation>Intervalo: de %1 a %2 %3</translation>
     </message>
+    <message>
+        <source>This number is in rad/s, also where the caption tells another unit.</source>
+        <translation>Este número está en rad/s, aunque la etiqueta indique otra unidad.</translation>
+    </message>
+    <message>
+        <source>The load is more than the motor can move or hold. Take it off, then reboot the servo.</source>
+        <translation>La carga es mayor de lo que el motor puede mover o sostener. Retírela y reinicie el servo.</translation>
+    </message>
+    <message>
+        <source>The servo is hotter than its temperature limit. Turn the motor off and let it cool down.</source>
+        <translation>El servo está más caliente que su límite de temperatura. Apague el motor y deje que se enfríe.</translation>
+    </message>
+    <message>
+        <source>The position, or the target, is beyond the angle limits. Choose a target within them.</source>
+        <translation>La posición o el objetivo está fuera de los límites de ángulo. Elija un objetivo dentro de ellos.</translation>
+    </message>
+    <message>
+        <source>The supply voltage is below the minimum or above the maximum voltage. Check the supply and these two limits.</source>
+        <translation>La tensión de alimentación está por debajo de la mínima o por encima de la máxima. Compruebe la alimentación y estos dos límites.</translation>
+    </message>
+    <message>
+        <source>The position sensor fails. Switch the supply off and on; if the error comes back, the servo needs repair.</source>
+        <translation>El sensor de posición falla. Desconecte y conecte la alimentación; si el error vuelve, el servo necesita reparación.</translation>
+    </message>
+    <message>
+        <source>The motor&apos;s rotation sensor fails. Switch the supply off and on; if the error comes back, the servo needs repair.</source>
+        <translation>El sensor de giro del motor falla. Desconecte y conecte la alimentación; si el error vuelve, el servo necesita reparación.</translation>
+    </message>
+    <message>
+        <source>The servo could not carry out the last request. If this stays, reboot the servo.</source>
+        <translation>El servo no pudo ejecutar la última petición. Si persiste, reinicie el servo.</translation>
+    </message>
+    <message>
+        <source>The servo does not know the last instruction. Check that it is a model that this program supports.</source>
+        <translation>El servo no conoce la última instrucción. Compruebe que es un modelo compatible con este programa.</translation>
+    </message>
+    <message>
+        <source>The last request arrived damaged. Check cable and adapter, or choose a lower baud rate.</source>
+        <translation>La última petición llegó dañada. Compruebe el cable y el adaptador, o elija una velocidad menor.</translation>
+    </message>
+    <message>
+        <source>A value was beyond what its register takes. Check what was applied last.</source>
+        <translation>Un valor estaba fuera de lo que admite su registro. Compruebe lo último que se aplicó.</translation>
+    </message>
+    <message>
+        <source>The last request had more or fewer bytes than its registers. Check that the servo is a model that this program supports.</source>
+        <translation>La última petición tenía más o menos bytes que sus registros. Compruebe que el servo es un modelo compatible con este programa.</translation>
+    </message>
+    <message>
+        <source>A value was beyond a limit that is set in the servo. Check the limits among the non-volatile parameters.</source>
+        <translation>Un valor superaba un límite ajustado en el servo. Compruebe los límites entre los parámetros no volátiles.</translation>
+    </message>
+    <message>
+        <source>A register cannot be written, or not now. Turn the motor off before you change non-volatile parameters.</source>
+        <translation>Un registro no se puede escribir, o no ahora. Apague el motor antes de cambiar parámetros no volátiles.</translation>
+    </message>
+    <message>
+        <source>The servo reports a hardware error. The boxes under &quot;Hardware error status&quot; tell which.</source>
+        <translation>El servo comunica un error de hardware. Las casillas de «Errores de hardware» indican cuál.</translation>
+    </message>
+    <message>
+        <source>This limit is a torque: its number is in %1, not in the unit of the caption.</source>
+        <translation>Este límite es un par: su número está en %1, no en la unidad de la etiqueta.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number and is not applied.</source>
+        <translation>«%1» no es un número y no se aplica.</translation>
+    </message>
+    <message>
+        <source>%1 was beyond the range and has been corrected.</source>
+        <translation>%1 estaba fuera del intervalo y se ha corregido.</translation>
+    </message>
 </context>
 <context>
     <name>GroupKeys</name>
@@ -467,6 +543,17 @@
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>LimitPairs</name>
+    <message>
+        <source>The minimum voltage is above the maximum voltage: no supply is right for the servo then.</source>
+        <translation>La tensión mínima está por encima de la máxima: ninguna alimentación sería correcta para el servo.</translation>
+    </message>
+    <message>
+        <source>The clockwise limit is above the counter-clockwise limit: no position is allowed then.</source>
+        <translation>El límite horario está por encima del antihorario: ninguna posición estaría permitida.</translation>
     </message>
 </context>
 <context>
@@ -1096,11 +1183,11 @@
     </message>
     <message>
         <source>Lower input voltage limit</source>
-        <translation>Límite inferior de tensión de entrada</translation>
+        <translation>Mín. tensión de entrada</translation>
     </message>
     <message>
         <source>Upper input voltage limit</source>
-        <translation>Límite superior de tensión de entrada</translation>
+        <translation>Máx. tensión de entrada</translation>
     </message>
     <message>
         <source>Input mode</source>
@@ -1156,23 +1243,23 @@
     </message>
     <message>
         <source>CW angle limit</source>
-        <translation>Límite de ángulo horario</translation>
+        <translation>Horario, límite de ángulo</translation>
     </message>
     <message>
         <source>CCW angle limit</source>
-        <translation>Límite de ángulo antihorario</translation>
+        <translation>Antihorario, límite de ángulo</translation>
     </message>
     <message>
         <source>Torque limit</source>
-        <translation>Límite de par</translation>
+        <translation>Par, límite</translation>
     </message>
     <message>
         <source>Angular velocity limit</source>
-        <translation>Límite de velocidad angular</translation>
+        <translation>Velocidad angular, límite</translation>
     </message>
     <message>
         <source>Acceleration limit</source>
-        <translation>Límite de aceleración</translation>
+        <translation>Aceleración, límite</translation>
     </message>
     <message>
         <source>Home position offset</source>
@@ -1184,59 +1271,59 @@
     </message>
     <message>
         <source>Default position proportional gain</source>
-        <translation>Ganancia proporcional de posición predeterminada</translation>
+        <translation>Pos. proporcional, ganancia predet.</translation>
     </message>
     <message>
         <source>Default velocity feedforward gain</source>
-        <translation>Ganancia de prealimentación de velocidad predeterminada</translation>
+        <translation>Vel. prealimentación, predet.</translation>
     </message>
     <message>
         <source>Default current feedforward gain</source>
-        <translation>Ganancia de prealimentación de corriente predeterminada</translation>
+        <translation>Corr. prealimentación, predet.</translation>
     </message>
     <message>
         <source>Default velocity integral gain</source>
-        <translation>Ganancia integral de velocidad predeterminada</translation>
+        <translation>Vel. integral, ganancia predet.</translation>
     </message>
     <message>
         <source>Default velocity proportional gain</source>
-        <translation>Ganancia proporcional de velocidad predeterminada</translation>
+        <translation>Vel. proporcional, ganancia predet.</translation>
     </message>
     <message>
         <source>Default angular velocity profile</source>
-        <translation>Perfil de velocidad angular predeterminado</translation>
+        <translation>Vel. angular, perfil predet.</translation>
     </message>
     <message>
         <source>Default acceleration profile</source>
-        <translation>Perfil de aceleración predeterminado</translation>
+        <translation>Acel., perfil predet.</translation>
     </message>
     <message>
         <source>Position proportional gain</source>
-        <translation>Ganancia proporcional de posición</translation>
+        <translation>Pos. proporcional, ganancia</translation>
     </message>
     <message>
         <source>Velocity feedforward gain</source>
-        <translation>Ganancia de prealimentación de velocidad</translation>
+        <translation>Vel. prealimentación</translation>
     </message>
     <message>
         <source>Current feedforward gain</source>
-        <translation>Ganancia de prealimentación de corriente</translation>
+        <translation>Corr. prealimentación</translation>
     </message>
     <message>
         <source>Velocity integral gain</source>
-        <translation>Ganancia integral de velocidad</translation>
+        <translation>Vel. integral, ganancia</translation>
     </message>
     <message>
         <source>Velocity proportional gain</source>
-        <translation>Ganancia proporcional de velocidad</translation>
+        <translation>Vel. proporcional, ganancia</translation>
     </message>
     <message>
         <source>Angular velocity profile</source>
-        <translation>Perfil de velocidad angular</translation>
+        <translation>Vel. angular, perfil</translation>
     </message>
     <message>
         <source>Acceleration profile</source>
-        <translation>Perfil de aceleración</translation>
+        <translation>Acel., perfil</translation>
     </message>
     <message>
         <source>Target position</source>
@@ -1268,11 +1355,11 @@
     </message>
     <message>
         <source>Debug 3</source>
-        <translation>Depuración 3</translation>
+        <translation>Depur. 3</translation>
     </message>
     <message>
         <source>Debug 4</source>
-        <translation>Depuración 4</translation>
+        <translation>Depur. 4</translation>
     </message>
 </context>
 <context>

@@ -85,6 +85,15 @@ std::optional<Exchange::Transmission> Exchange::timeOut()
     return transmit(other(m_first));
 }
 
+Exchange::Duration Exchange::longestAnswer() const
+{
+    const Duration inFirst = answerTime(m_known.value_or(m_first));
+    if (!mayTryOtherFraming())
+        return inFirst;
+    const Duration window = answerWindow(encoded(m_first).size(), replySize(m_first), m_baudRate);
+    return std::max(inFirst, window + answerTime(other(m_first)));
+}
+
 Exchange::Duration Exchange::patience(int requestSize, int replySize, int baudRate)
 {
     return wireTime(requestSize + replySize, baudRate) + AcknowledgeDelay + 2 * AdapterLatency + Margin;
@@ -107,6 +116,11 @@ Exchange::Transmission Exchange::transmit(Framing framing)
     const Duration wait = patienceFor(framing, packet.size());
     m_waited += wait;
     return {packet, wait};
+}
+
+Exchange::Duration Exchange::answerTime(Framing framing) const
+{
+    return wireTime(encoded(framing).size() + replySize(framing), m_baudRate) + AcknowledgeDelay;
 }
 
 Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const

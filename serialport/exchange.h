@@ -57,6 +57,13 @@ public:
      */
     std::optional<Transmission> timeOut();
 
+    /**
+     * Longest time that a healthy servo takes from begin() to the end of its answer, on a port that holds no bytes
+     * back: all that has to go over the wire until then, in the other framing after the first one where that is
+     * guessed.
+     */
+    Duration longestAnswer() const;
+
     /** The latest answer, which is a refusal unless it gave Progress::Answered; nothing until one came. */
     const std::optional<wire::Packet> &answer() const { return m_answer; }
 
@@ -76,6 +83,7 @@ private:
     int dataSize(wire::Framing framing) const;
     int replySize(wire::Framing framing) const;
     bool mayTryOtherFraming() const;
+    Duration answerTime(wire::Framing framing) const;
     Duration patienceFor(wire::Framing framing, int packetSize) const;
     bool isInsideFirstAnswer() const;
     std::optional<Progress> examine(wire::Packet &&packet);

@@ -53,6 +53,12 @@ ServoBus::~ServoBus()
     callEnded();
 }
 
+std::chrono::microseconds ServoBus::longestAnswer(const BusRequest &request, int baudRate,
+                                                  unsigned char protocolGeneration)
+{
+    return Exchange(request, framingOf(protocolGeneration), std::nullopt, baudRate).longestAnswer();
+}
+
 void ServoBus::useLine(std::unique_ptr<BusLine> line)
 {
     m_alarm = m_clock.makeAlarm(*this, [this] { onAlarm(); });

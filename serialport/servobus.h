@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <map>
@@ -58,6 +59,14 @@ public:
     ServoBus(std::unique_ptr<BusLine> line, Clock &clock, QObject *parent = nullptr,
              unsigned char protocolGeneration = 2);
     ~ServoBus() override;
+
+    /**
+     * Longest time that a healthy servo takes to answer @p request, the first one to it since the port was opened at
+     * @p baudRate bits per second, on a port that holds no bytes back. REQUIRES: the request can be sent to a servo;
+     * the baud rate is greater than 0.
+     */
+    static std::chrono::microseconds longestAnswer(const BusRequest &request, int baudRate,
+                                                   unsigned char protocolGeneration = 2);
 
     /**
      * Opens @p portName (a name of the port list, or a path) with 8 data bits, no parity, 1 stop bit at @p baudRate

@@ -117,6 +117,14 @@ PhysicalQuantities SettingsDialog::units() const
     return m_units;
 }
 
+void SettingsDialog::usePort(const QString &portName)
+{
+    m_portSettings.portName = portName;
+    m_portStore->setValue(PortNameKey, portName);
+    fillPorts(); // its adapter may have come since the list was filled
+    m_ui->serialPortInfoListBox->setCurrentText(portName);
+}
+
 void SettingsDialog::showPortInfo(int idx)
 {
     if (idx >= 0)

@@ -39,6 +39,8 @@ public:
      * that is not in the unit table stands for the first unit.
      */
     PhysicalQuantities units() const;
+    /** Takes over and persists the port @p portName, on which the search has found a servo. */
+    void usePort(const QString &portName);
 
 public Q_SLOTS:
     /** Shows the details of port @p idx of the list; −1 is none. */

@@ -223,6 +223,9 @@ void MainWindow::on_pollingIntervalSpinBoxValueChanged(int value)
 
 void MainWindow::on_updateId(int value)
 {
+    const QString port = m_searchDialog->selectedPort();
+    if (!port.isEmpty())
+        m_settingsDialog->usePort(port);
     m_idSpinBox->setValue(value);
 }
 

@@ -36,6 +36,8 @@ enum Column {
     IdColumn,
     ModelColumn,
 };
+/** Where a servo of the tree has the port on which it was found. */
+constexpr int PortRole = Qt::UserRole;
 
 SearchDialog *theDialog = nullptr;
 
@@ -47,10 +49,11 @@ QTreeWidgetItem *appendBaudRate(QTreeWidget *tree, const QString &baudRate)
     return item;
 }
 
-void appendServo(QTreeWidgetItem *parent, const QString &id, const QString &model)
+void appendServo(QTreeWidgetItem *parent, const QString &id, const QString &model, const QString &port)
 {
     auto *item = new QTreeWidgetItem(parent);
     item->setText(IdColumn, id);
+    item->setData(IdColumn, PortRole, port);
     item->setText(ModelColumn, QStringLiteral("Zelvar M") + model);
 }
 
@@ -100,6 +103,7 @@ void SearchDialog::select()
         return;
     const QTreeWidgetItem *servo = selected.first();
     const int id = servo->text(IdColumn).toInt();
+    m_selectedPort = servo->data(IdColumn, PortRole).toString();
     Q_EMIT updateBaudRate(servo->parent()->text(BaudRateColumn).toInt());
     Q_EMIT updateId(id);
     hide();
@@ -203,7 +207,7 @@ QTreeWidgetItem *SearchDialog::addTreeRoot(QString baudRate)
 
 void SearchDialog::addTreeChild(QTreeWidgetItem *parent, QString id, QString model)
 {
-    appendServo(parent, id, model);
+    appendServo(parent, id, model, m_ui->serialPortInfoListBox->currentText());
 }
 
 void SearchDialog::hideEvent(QHideEvent *event)
@@ -242,6 +246,10 @@ void SearchDialog::makeConnections()
     connect(m_baudRateButtons.get(), SIGNAL(buttonToggled(int, bool)), this,
             SLOT(on_baudRateCheckBoxToggled(int, bool)));
     connect(m_ui->servoTreeWidget, SIGNAL(itemSelectionChanged()), this, SLOT(on_itemClicked()));
+    connect(m_ui->servoTreeWidget, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem *item) {
+        if (item->isSelected()) // a baud rate never is
+            select();
+    });
 }
 
 /** Lists the ports present now, adapters that came since the last time too; the chosen one stays while it is there. */
@@ -326,7 +334,8 @@ void SearchDialog::sweep(const QVector<int> &ids, int baudRate, QVector<int> &fo
             continue;
         if (!root)
             root = appendBaudRate(m_ui->servoTreeWidget, QString::number(baudRate));
-        appendServo(root, QString::number(id), QString::number(static_cast<qint8>(reply.at(ModelIndex))));
+        appendServo(root, QString::number(id), QString::number(static_cast<qint8>(reply.at(ModelIndex))),
+                    m_ui->serialPortInfoListBox->currentText());
         root->setExpanded(true);
         // Only what has changed: painting the whole dialog takes longer than the probe did.
         m_ui->servoTreeWidget->viewport()->repaint();

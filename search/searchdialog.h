@@ -37,6 +37,9 @@ public:
     /** The process-wide dialog; null while there is none. */
     static SearchDialog *instance();
 
+    /** The port on which the servo was found that was chosen last; empty when none was. */
+    QString selectedPort() const { return m_selectedPort; }
+
     /** Each time that the dialog is shown it starts over: no baud rate, ids 1 to 10, nothing found. */
     void setVisible(bool visible) override;
 
@@ -89,6 +92,7 @@ private:
     bool m_scanning = false;
     bool m_abortRequested = false;
     bool m_isAbandoned = false; ///< the dialog was closed while scanning: nobody waits for the rest of the scan
+    QString m_selectedPort;
     std::shared_ptr<QButtonGroup> m_baudRateButtons;
     bool m_updatingSelectAll = true; ///< false while the tri-state box follows the baud rates and not the user
     std::shared_ptr<SearchHelper> m_searchHelper; ///< null but during a probe

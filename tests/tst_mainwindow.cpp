@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
+#include "search/searchdialog.h"
 #include "settings/settings.h"
 #include "settings/settingsdialog.h"
 #include "tests/support/boxwatcher.h"
@@ -74,8 +75,6 @@ private Q_SLOTS:
             Fixture again;
             QCOMPARE(again.interval()->value(), 40);
             QCOMPARE(again.servoId()->value(), 253);
-            QMetaObject::invokeMethod(again.window.get(), "on_updateId", Q_ARG(int, 7)); // from the search
-            QCOMPARE(settings.value("servoId", 0).toInt(), 7);
         }
         // Edited by hand: text reads as 0, and numbers end at the limits.
         const std::tuple<QVariant, int, int> rows[] = {
@@ -88,6 +87,25 @@ private Q_SLOTS:
             QCOMPARE(bounded.interval()->value(), interval);
             QCOMPARE(bounded.servoId()->value(), servoId);
         }
+    }
+
+    void connectGoesToTheServoThatWasChosenInTheSearch()
+    {
+        const Fixture fixture;
+        SearchDialog &search = *SearchDialog::instance();
+        auto *ports = search.findChild<QComboBox *>("serialPortInfoListBox");
+        ports->addItem("ttySearched");
+        ports->setCurrentText("ttySearched");
+        QTreeWidgetItem *root = search.addTreeRoot("57600");
+        search.addTreeChild(root, "7", "1");
+        root->child(0)->setSelected(true);
+        search.select();
+        QCOMPARE(Settings("main window settings").value("servoId", 0).toInt(), 7);
+        QCOMPARE(Settings("port settings").value("baudRate", 0).toInt(), 57600);
+        QCOMPARE(Settings("port settings").value("serialPortName", {}).toString(), QString("ttySearched"));
+        fixture.trigger("actionConnect");
+        QCOMPARE(fixture.port->calls.first().operation, QString("open ttySearched"));
+        QCOMPARE(fixture.port->calls.first().length, 57600);
     }
 
     void connectIdentifiesAndThenPolls()

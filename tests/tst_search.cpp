@@ -18,6 +18,8 @@ namespace {
 const QStringList BaudRates{"9600",   "19200",  "38400",  "57600",  "115200",
                             "200000", "250000", "400000", "500000", "1000000"};
 
+const QString OtherPort = "ttyOther";
+
 /** A servo of the own family at every id, which answers at once whatever the baud rate. */
 QByteArray everyServo(const Packet &request)
 {
@@ -32,7 +34,7 @@ class Dialog : public SearchDialog
 public:
     QStringList probes; ///< "baud rate:id", in order
 
-    /** @param portName the one port that the dialog finds. */
+    /** @param portName the port that is chosen; there is one more. */
     explicit Dialog(const QString &portName) : SearchDialog(linkWith(portName))
     {
         show();
@@ -43,6 +45,7 @@ public:
     QPushButton *button(const QString &name) const { return findChild<QPushButton *>(name + "PushButton"); }
     QCheckBox *baudRate(const QString &rate) const { return findChild<QCheckBox *>("baudRate" + rate + "CheckBox"); }
     QTreeWidget *tree() const { return findChild<QTreeWidget *>("servoTreeWidget"); }
+    QComboBox *ports() const { return findChild<QComboBox *>("serialPortInfoListBox"); }
     QSpinBox *spinBox(const QString &limit) const { return findChild<QSpinBox *>(limit + "SearchRangeSpinBox"); }
 
     int checkedBaudRates() const
@@ -86,7 +89,7 @@ private:
     static std::shared_ptr<SerialHelper> linkWith(const QString &portName)
     {
         const auto ports = std::make_shared<FakeSerialPort>();
-        ports->listPorts({portName});
+        ports->listPorts({portName, OtherPort});
         return std::make_shared<SerialHelper>(ports);
     }
 };
@@ -156,24 +159,39 @@ private Q_SLOTS:
 
     void theChosenServoIsHandedOver()
     {
-        Dialog dialog("ttyA");
-        QTreeWidgetItem *root = dialog.addTreeRoot("57600");
-        dialog.addTreeChild(root, "7", "1");
-        dialog.tree()->expandAll();
-        QSignalSpy baudRates(&dialog, &SearchDialog::updateBaudRate);
-        QSignalSpy ids(&dialog, &SearchDialog::updateId);
-        const auto click = [&](QTreeWidgetItem *item) {
-            QTest::mouseClick(dialog.tree()->viewport(), Qt::LeftButton, {},
-                              dialog.tree()->visualItemRect(item).center());
-        };
-        click(root);
-        QVERIFY(!dialog.button("select")->isEnabled());
-        click(root->child(0));
-        QVERIFY(dialog.button("select")->isEnabled());
-        dialog.button("select")->click();
-        QCOMPARE(baudRates, QList<QVariantList>{{57600}});
-        QCOMPARE(ids, QList<QVariantList>{{7}});
-        QVERIFY(!dialog.isVisible());
+        for (const bool byDoubleClick : {false, true}) {
+            Dialog dialog("ttyA");
+            QTreeWidgetItem *root = dialog.addTreeRoot("57600");
+            dialog.addTreeChild(root, "7", "1");
+            dialog.tree()->expandAll();
+            dialog.ports()->setCurrentText(OtherPort); // not where the servo is
+            QSignalSpy baudRates(&dialog, &SearchDialog::updateBaudRate);
+            QSignalSpy ids(&dialog, &SearchDialog::updateId);
+            QWidget *rows = dialog.tree()->viewport();
+            const auto placeOf = [&](QTreeWidgetItem *item) { return dialog.tree()->visualItemRect(item).center(); };
+            const auto click = [&](QTreeWidgetItem *item) {
+                QTest::mouseClick(rows, Qt::LeftButton, {}, placeOf(item));
+            };
+            const auto doubleClick = [&](QTreeWidgetItem *item) {
+                QTest::mouseDClick(rows, Qt::LeftButton, {}, placeOf(item));
+            };
+            click(root);
+            QVERIFY(!dialog.button("select")->isEnabled());
+            click(root->child(0));
+            QVERIFY(dialog.button("select")->isEnabled());
+            doubleClick(root);
+            QVERIFY(dialog.isVisible());
+            dialog.tree()->expandAll(); // the double click has folded it
+            click(root->child(0));
+            if (byDoubleClick)
+                doubleClick(root->child(0));
+            else
+                dialog.button("select")->click();
+            QCOMPARE(baudRates, QList<QVariantList>{{57600}});
+            QCOMPARE(ids, QList<QVariantList>{{7}});
+            QCOMPARE(dialog.selectedPort(), QString("ttyA"));
+            QVERIFY(!dialog.isVisible());
+        }
     }
 
     void whatEndsAScan()

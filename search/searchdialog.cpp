@@ -2,10 +2,12 @@
 #include "ui_searchdialog.h"
 
 #include "link/serialhelper.h"
+#include "search/scanreport.h"
 #include "search/searchhelper.h"
 #include "settings/portlist.h"
 #include "settings/settings.h"
 
+#include <QAccessible>
 #include <QButtonGroup>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -14,7 +16,6 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
-#include <chrono>
 #include <numeric>
 #include <utility>
 
@@ -26,8 +27,6 @@ const QString PortNameKey = QStringLiteral("serialPortName");
 constexpr int FirstLowerId = 1;
 constexpr int FirstUpperId = 10;
 
-/** How long a servo has to answer, opening the port included. */
-constexpr std::chrono::milliseconds AnswerTime(20);
 /** Where a probe's reply has the byte that is shown as the model: the high byte of the model number. */
 constexpr int ModelIndex = 10;
 
@@ -74,6 +73,7 @@ SearchDialog::SearchDialog(std::shared_ptr<SerialHelper> serialHelper)
     makeConnections();
     markCurrentEntry(*m_ui->serialPortInfoListBox);
     listPorts();
+    tell({});
 }
 
 SearchDialog::~SearchDialog()
@@ -121,16 +121,22 @@ void SearchDialog::scan()
     m_abortRequested = false;
     m_isAbandoned = false;
     m_ui->servoTreeWidget->clear();
+    tell({});
     setScanning(true);
     repaint();
 
     const int lower = m_ui->lowerSearchRangeSpinBox->value();
     QVector<int> ids(m_ui->upperSearchRangeSpinBox->value() - lower + 1);
     std::iota(ids.begin(), ids.end(), lower);
-    if (!scanBaudRates(ids))
+    ScanReport report;
+    report.lowerId = ids.first();
+    report.upperId = ids.last();
+    if (!scanBaudRates(ids, report))
         return;
     m_ui->servoTreeWidget->expandAll();
     setScanning(false);
+    if (!m_isAbandoned)
+        showResult(report);
 }
 
 void SearchDialog::abortScan()
@@ -270,15 +276,17 @@ void SearchDialog::reset()
         m_ui->lowerSearchRangeSpinBox->setValue(m_rememberedLower = FirstLowerId);
         m_ui->upperSearchRangeSpinBox->setValue(m_rememberedUpper = FirstUpperId);
     }
+    if (m_ui->servoTreeWidget->topLevelItemCount() > 0)
+        tell({}); // of servos that go from the list
     m_ui->servoTreeWidget->clear();
 }
 
-int SearchDialog::checkedBaudRates() const
+/** How many of the baud rates from @p firstButton on are checked. */
+int SearchDialog::checkedBaudRates(int firstButton) const
 {
     int count = 0;
-    const auto buttons = m_baudRateButtons->buttons();
-    for (const QAbstractButton *button : buttons)
-        count += button->isChecked() ? 1 : 0;
+    for (int button = firstButton; button < m_baudRateButtons->buttons().size(); ++button)
+        count += m_baudRateButtons->button(button)->isChecked() ? 1 : 0;
     return count;
 }
 
@@ -303,9 +311,8 @@ void SearchDialog::setScanning(bool scanning)
 }
 
 /** @return false when the dialog was destroyed meanwhile: nothing of it may be touched then. */
-bool SearchDialog::scanBaudRates(const QVector<int> &ids)
+bool SearchDialog::scanBaudRates(const QVector<int> &ids, ScanReport &report)
 {
-    QVector<int> foundIds;
     const QPointer<SearchDialog> self(this);
     for (int button = 0; button < m_baudRateButtons->buttons().size(); ++button) {
         QCoreApplication::processEvents();
@@ -314,22 +321,26 @@ bool SearchDialog::scanBaudRates(const QVector<int> &ids)
         if (m_isAbandoned)
             break;
         const QAbstractButton *checkBox = m_baudRateButtons->button(button);
-        if (checkBox->isChecked())
-            sweep(ids, checkBox->text().toInt(), foundIds);
-        if (m_abortRequested)
+        if (checkBox->isChecked()) {
+            ++report.triedBaudRates;
+            sweep(ids, checkBox->text().toInt(), report);
+        }
+        if (m_abortRequested) {
+            report.skippedBaudRates = checkedBaudRates(button + 1);
             break;
+        }
     }
     return true;
 }
 
-/** Probes all @p ids that are not among @p foundIds yet, lists those that answer, and adds them there. */
-void SearchDialog::sweep(const QVector<int> &ids, int baudRate, QVector<int> &foundIds)
+/** Probes all @p ids that were not found yet, and lists those that answer. */
+void SearchDialog::sweep(const QVector<int> &ids, int baudRate, ScanReport &report)
 {
     QTreeWidgetItem *root = nullptr;
     for (const int id : ids) {
-        if (foundIds.contains(id))
+        if (report.foundIds.contains(id))
             continue;
-        const QByteArray reply = probe(id, baudRate);
+        const QByteArray reply = probe(id, baudRate, report);
         if (reply.isEmpty())
             continue;
         if (!root)
@@ -339,14 +350,15 @@ void SearchDialog::sweep(const QVector<int> &ids, int baudRate, QVector<int> &fo
         root->setExpanded(true);
         // Only what has changed: painting the whole dialog takes longer than the probe did.
         m_ui->servoTreeWidget->viewport()->repaint();
-        foundIds.append(id);
+        report.foundIds.append(id);
     }
 }
 
 /** @return the reply of servo @p id, empty when it did not answer in time. */
-QByteArray SearchDialog::probe(int id, int baudRate)
+QByteArray SearchDialog::probe(int id, int baudRate, ScanReport &report)
 {
-    m_searchHelper = std::make_shared<SearchHelper>(m_ui->serialPortInfoListBox->currentText());
+    const QString port = m_ui->serialPortInfoListBox->currentText();
+    m_searchHelper = std::make_shared<SearchHelper>(port);
     m_searchHelper->moveToThread(&m_thread);
     connect(this, SIGNAL(doScanServo(int, int)), m_searchHelper.get(), SLOT(scanServo(int, int)));
     // Emitted in the worker thread while that still runs, which is where the port has to be closed.
@@ -357,10 +369,36 @@ QByteArray SearchDialog::probe(int id, int baudRate)
         // Locked before the probe is asked for, so that its answer cannot come before the wait for it.
         const QMutexLocker lock(&SearchHelper::probeMutex());
         Q_EMIT doScanServo(id, baudRate);
-        reply = m_searchHelper->waitForReply(QDeadlineTimer(AnswerTime, Qt::PreciseTimer));
+        reply = m_searchHelper->waitForReply(QDeadlineTimer(SearchHelper::AnswerTime, Qt::PreciseTimer));
     }
     m_thread.quit();
     m_thread.wait();
+    report.addProbe(port, baudRate, m_searchHelper->openError());
     m_searchHelper.reset();
     return reply;
+}
+
+/** Says what came of the scan, and puts the focus on that, or on the button that starts the next one. */
+void SearchDialog::showResult(const ScanReport &report)
+{
+    tell(report.text());
+    if (report.foundIds.isEmpty()) {
+        m_ui->scanPushButton->setFocus();
+        return;
+    }
+    QTreeWidget &tree = *m_ui->servoTreeWidget;
+    tree.setCurrentItem(tree.topLevelItem(0)->child(0), BaudRateColumn, QItemSelectionModel::NoUpdate);
+    tree.setFocus();
+}
+
+/** Says @p text below the list until something else is said; an empty one takes no room. */
+void SearchDialog::tell(const QString &text)
+{
+    m_ui->resultLabel->setText(text);
+    m_ui->resultLabel->setAccessibleName(tr("Result of the search: %1").arg(text));
+    m_ui->resultLabel->setVisible(!text.isEmpty());
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent event(m_ui->resultLabel, QAccessible::Alert); // read aloud although the focus is elsewhere
+    QAccessible::updateAccessibility(&event);
 }

@@ -9,6 +9,7 @@
 class QAbstractButton;
 class QButtonGroup;
 class QTreeWidgetItem;
+class ScanReport;
 class SearchHelper;
 class SerialHelper;
 class Settings;
@@ -76,13 +77,15 @@ private:
     void makeConnections();
     void listPorts();
     void reset();
-    int checkedBaudRates() const;
+    int checkedBaudRates(int firstButton = 0) const;
     void showSelectAll(Qt::CheckState state);
     void updateScanButtons();
     void setScanning(bool scanning);
-    bool scanBaudRates(const QVector<int> &ids);
-    void sweep(const QVector<int> &ids, int baudRate, QVector<int> &foundIds);
-    QByteArray probe(int id, int baudRate);
+    bool scanBaudRates(const QVector<int> &ids, ScanReport &report);
+    void sweep(const QVector<int> &ids, int baudRate, ScanReport &report);
+    QByteArray probe(int id, int baudRate, ScanReport &report);
+    void showResult(const ScanReport &report);
+    void tell(const QString &text);
 
     std::unique_ptr<Ui::SearchDialog> m_ui;
     std::shared_ptr<SerialHelper> m_serialHelper; ///< lists the ports, opens none

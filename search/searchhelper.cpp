@@ -2,6 +2,7 @@
 
 #include "link/serialhelper.h"
 #include "model/families.h"
+#include "serialport/servobus.h"
 
 #include <QMutexLocker>
 #include <QWaitCondition>
@@ -21,6 +22,13 @@ QWaitCondition &probeEnded()
 }
 
 } // namespace
+
+bool SearchHelper::isInTime(int baudRate)
+{
+    BusRequest request;
+    request.length = identityLength();
+    return ServoBus::longestAnswer(request, baudRate) <= AnswerTime;
+}
 
 SearchHelper::SearchHelper(const QString &serialPortName) : m_serialPortName(serialPortName) {}
 
@@ -55,9 +63,10 @@ void SearchHelper::closePort()
 void SearchHelper::scanServo(int id, int baudRate)
 {
     m_serialHelper = std::make_shared<SerialHelper>();
-    const bool isAsked = m_serialHelper->openSerialPort(m_serialPortName, baudRate).isEmpty() &&
-                         m_serialHelper->readData(static_cast<uint8_t>(id), 0, identityLength(),
-                                                  [this](const QByteArray &reply) { endProbe(reply); });
+    m_openError = m_serialHelper->openSerialPort(m_serialPortName, baudRate);
+    const bool isAsked =
+        m_openError.isEmpty() && m_serialHelper->readData(static_cast<uint8_t>(id), 0, identityLength(),
+                                                          [this](const QByteArray &reply) { endProbe(reply); });
     if (!isAsked)
         endProbe({}); // nothing will answer: no use in waiting for it
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 class SerialHelper;
@@ -21,6 +22,11 @@ class SearchHelper : public QObject
     Q_OBJECT
 
 public:
+    /** How long a servo has to answer, opening the port included. */
+    static constexpr std::chrono::milliseconds AnswerTime{20};
+    /** Whether each servo at @p baudRate, in bits per second, can answer within AnswerTime. */
+    static bool isInTime(int baudRate);
+
     /** @param serialPortName a name of the port list, or a path. */
     explicit SearchHelper(const QString &serialPortName);
     ~SearchHelper() override;
@@ -38,6 +44,12 @@ public:
      */
     QByteArray waitForReply(QDeadlineTimer deadline);
 
+    /**
+     * Why the port could not be opened, a text for the user; empty when it could. REQUIRES: the worker thread has
+     * ended, since opening may take longer than anybody waits for a reply.
+     */
+    QString openError() const { return m_openError; }
+
     /** Closes the port, in the thread that opened it. */
     void closePort();
 
@@ -50,6 +62,7 @@ private:
 
     std::shared_ptr<SerialHelper> m_serialHelper; ///< null before the probe and after closePort()
     const QString m_serialPortName;
+    QString m_openError;
     QByteArray m_replyBuffer;   ///< guarded by probeMutex()
     bool m_isProbeOver = false; ///< guarded by probeMutex(); the condition may wake for no reason
 };

@@ -46,6 +46,11 @@ public:
     QCheckBox *baudRate(const QString &rate) const { return findChild<QCheckBox *>("baudRate" + rate + "CheckBox"); }
     QTreeWidget *tree() const { return findChild<QTreeWidget *>("servoTreeWidget"); }
     QComboBox *ports() const { return findChild<QComboBox *>("serialPortInfoListBox"); }
+    QString said() const
+    {
+        const auto *label = findChild<QLabel *>("resultLabel");
+        return label->isVisible() ? label->text() : QString();
+    }
     QSpinBox *spinBox(const QString &limit) const { return findChild<QSpinBox *>(limit + "SearchRangeSpinBox"); }
 
     int checkedBaudRates() const
@@ -155,6 +160,40 @@ private Q_SLOTS:
         QVERIFY(dialog.tree()->topLevelItem(0)->isExpanded());
         QVERIFY(dialog.button("scan")->isEnabled());
         QVERIFY(!dialog.button("abortScan")->isEnabled());
+        QCOMPARE(dialog.said(), "The search is over. Servos found: 4.\n"
+                                "Asked: ids 0 to 7 at 57600, 1000000 baud on " +
+                                    simulator.name() + '.');
+        QCOMPARE(dialog.focusWidget(), dialog.tree());
+        QCOMPARE(dialog.tree()->currentItem()->text(1), QString("2"));
+    }
+
+    void aScanThatFindsNothingSaysWhy()
+    {
+        const PtyPeer silent([](const Packet &) { return QByteArray(); });
+        const QString missing = "/dev/no-such-port";
+        const QString notAsked = "The search is over. No servo was asked.\nThe serial port " + missing +
+                                 " was not found. Check that the adapter is plugged in, or choose another port in the "
+                                 "settings.";
+        const QString asked =
+            "The search is over. No servo answered.\nAsked: ids 1 to 2 at %1 baud on " + silent.path();
+        const QString missed = ".\nAt %1 baud, servos may need more than the 20 ms that each one is given and may have "
+                               "been missed. To make sure, choose the baud rate in the settings and connect to the "
+                               "servo's id.";
+        const std::tuple<QString, QStringList, QString> rows[] = {
+            {missing, {"9600", "1000000"}, notAsked},
+            {silent.path(), {"38400", "1000000"}, asked.arg("38400, 1000000") + '.'},
+            {silent.path(), BaudRates.mid(0, 2), asked.arg("9600, 19200") + missed.arg("9600, 19200")},
+        };
+        for (const auto &[port, baudRates, statement] : rows) {
+            const InRow row(statement);
+            Dialog dialog(port);
+            dialog.choose(baudRates, 1, 2);
+            dialog.button("scan")->click();
+            QCOMPARE(dialog.said(), statement);
+            dialog.close();
+            dialog.show();
+            QCOMPARE(dialog.said(), statement);
+        }
     }
 
     void theChosenServoIsHandedOver()
@@ -201,19 +240,21 @@ private Q_SLOTS:
         const QStringList second = first + QStringList{"19200:1", "19200:2"};
         const QStringList all = second + QStringList{"38400:1", "38400:2"};
         // What a user does during the first probe or, queued, when events are processed before the second baud rate.
-        const std::tuple<const char *, Act, bool, QStringList> rows[] = {
-            {"abort, in the sweep", [](Dialog *d) { d->abortScan(); }, false, first},
-            {"abort, clicked", [](Dialog *d) { d->button("abortScan")->click(); }, true, second},
+        const std::tuple<const char *, Act, bool, QStringList, const char *> rows[] = {
+            {"abort, in the sweep", [](Dialog *d) { d->abortScan(); }, false, first,
+             "The search was aborted after 1 of 3 baud rates"},
+            {"abort, clicked", [](Dialog *d) { d->button("abortScan")->click(); }, true, second,
+             "The search was aborted after 2 of 3 baud rates"},
             {"closed and shown again",
              [](Dialog *d) {
                  d->close();
                  d->show();
              },
-             true, first},
-            {"destroyed", [](Dialog *d) { delete d; }, true, first},
-            {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); }, true, all},
+             true, first, ""},
+            {"destroyed", [](Dialog *d) { delete d; }, true, first, ""},
+            {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); }, true, all, "The search is over"},
         };
-        for (const auto &[name, act, isQueued, expected] : rows) {
+        for (const auto &[name, act, isQueued, expected, statement] : rows) {
             const InRow row(name);
             const int threads = countOf("task");
             QStringList probes;
@@ -235,6 +276,7 @@ private Q_SLOTS:
                         });
                 dialog->scan();
                 QVERIFY(!dialog || !dialog->button("abortScan")->isEnabled());
+                QCOMPARE(dialog ? dialog->said().section('.', 0, 0) : QString(), QString(statement));
                 delete dialog;
             }
             QCOMPARE(probes, expected);

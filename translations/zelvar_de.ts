@@ -857,6 +857,37 @@
     </message>
 </context>
 <context>
+    <name>ScanReport</name>
+    <message>
+        <source>Asked: ids %1 to %2 at %3 baud on %4.</source>
+        <translation>Gefragt: IDs %1 bis %2 bei %3 Baud an %4.</translation>
+    </message>
+    <message>
+        <source>At %1 baud, servos may need more than the %2 ms that each one is given and may have been missed. To make sure, choose the baud rate in the settings and connect to the servo&apos;s id.</source>
+        <translation>Bei %1 Baud brauchen Servos unter Umständen länger als die %2 ms, die jeder bekommt; sie können übersehen worden sein. Um sicherzugehen, in den Einstellungen die Baudrate wählen und mit der ID des Servos verbinden.</translation>
+    </message>
+    <message>
+        <source>The search is over.</source>
+        <translation>Die Suche ist beendet.</translation>
+    </message>
+    <message>
+        <source>The search was aborted after %1 of %2 baud rates.</source>
+        <translation>Die Suche wurde nach %1 von %2 Baudraten abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Servos found: %1.</source>
+        <translation>Gefundene Servos: %1.</translation>
+    </message>
+    <message>
+        <source>No servo was asked.</source>
+        <translation>Kein Servo wurde gefragt.</translation>
+    </message>
+    <message>
+        <source>No servo answered.</source>
+        <translation>Kein Servo hat geantwortet.</translation>
+    </message>
+</context>
+<context>
     <name>SearchDialog</name>
     <message>
         <source>Device search</source>
@@ -925,6 +956,10 @@
     <message>
         <source>N/A</source>
         <translation>k. A.</translation>
+    </message>
+    <message>
+        <source>Result of the search: %1</source>
+        <translation>Ergebnis der Suche: %1</translation>
     </message>
 </context>
 <context>

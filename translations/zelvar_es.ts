@@ -857,6 +857,37 @@
     </message>
 </context>
 <context>
+    <name>ScanReport</name>
+    <message>
+        <source>Asked: ids %1 to %2 at %3 baud on %4.</source>
+        <translation>Se preguntó a los ID del %1 al %2 a %3 baudios en %4.</translation>
+    </message>
+    <message>
+        <source>At %1 baud, servos may need more than the %2 ms that each one is given and may have been missed. To make sure, choose the baud rate in the settings and connect to the servo&apos;s id.</source>
+        <translation>A %1 baudios, un servo puede necesitar más de los %2 ms que se dan a cada uno y haber pasado inadvertido. Para asegurarse, elija la velocidad en la configuración y conecte con el ID del servo.</translation>
+    </message>
+    <message>
+        <source>The search is over.</source>
+        <translation>La búsqueda ha terminado.</translation>
+    </message>
+    <message>
+        <source>The search was aborted after %1 of %2 baud rates.</source>
+        <translation>La búsqueda se interrumpió tras %1 de %2 velocidades.</translation>
+    </message>
+    <message>
+        <source>Servos found: %1.</source>
+        <translation>Servos encontrados: %1.</translation>
+    </message>
+    <message>
+        <source>No servo was asked.</source>
+        <translation>No se preguntó a ningún servo.</translation>
+    </message>
+    <message>
+        <source>No servo answered.</source>
+        <translation>Ningún servo ha respondido.</translation>
+    </message>
+</context>
+<context>
     <name>SearchDialog</name>
     <message>
         <source>Device search</source>
@@ -925,6 +956,10 @@
     <message>
         <source>N/A</source>
         <translation>n/d</translation>
+    </message>
+    <message>
+        <source>Result of the search: %1</source>
+        <translation>Resultado de la búsqueda: %1</translation>
     </message>
 </context>
 <context>

@@ -8,7 +8,7 @@ class QString;
 class SerialPortItem;
 
 /** What stands where in the string list that each entry of a list of ports carries as its data. */
-enum PortDetail {
+enum class PortDetail {
     PortName,
     Description,
     Manufacturer,
@@ -17,12 +17,13 @@ enum PortDetail {
     ProductIdentifier, ///< hexadecimal
 };
 
-/** Marks the entry under the pointer, which the background that a dialog gives its lists would hide. */
+/** Gives the entry under the pointer a ground of its own; the ground that a dialog gives its lists would cover it else.
+ */
 void markCurrentEntry(QComboBox &list);
 
 /**
  * Fills @p list with @p ports, in place of what it had; the text chosen in it stays chosen while it is among them.
- * What a port does not tell reads @p notAvailable.
+ * Where a port has no such detail, the text is @p notAvailable.
  */
 void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,
                   const QString &notAvailable);

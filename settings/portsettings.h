@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSerialPort>
 #include <QString>
 #include <QtGlobal>
 
@@ -11,9 +12,9 @@ struct PortSettings
     QString baudRateText;
     qint32 dataBits = 8;
     QString dataBitsText;
-    qint32 parity = 0; ///< 0 none, 2 even, 3 odd, 4 space, 5 mark
+    qint32 parity = QSerialPort::NoParity;
     QString parityText;
-    qint32 stopBits = 1; ///< 1 one, 2 two, 3 one and a half
+    qint32 stopBits = QSerialPort::OneStop;
     QString stopBitsText;
     // Part of the record, but nothing in the program sets or reads them.
     qint32 flowControl = 0;

@@ -31,14 +31,15 @@ struct Choice
     int data;
 };
 constexpr Choice DataBits[] = {{"5", 5}, {"6", 6}, {"7", 7}, {"8", 8}};
-constexpr Choice StopBits[] = {{"1", 1}, {"1.5", 3}, {"2", 2}};
+constexpr Choice StopBits[] = {
+    {"1", QSerialPort::OneStop}, {"1.5", QSerialPort::OneAndHalfStop}, {"2", QSerialPort::TwoStop}};
 // clang-format off
 constexpr Choice Parities[] = {
-    {QT_TRANSLATE_NOOP("SettingsDialog", "None"),  0},
-    {QT_TRANSLATE_NOOP("SettingsDialog", "Even"),  2},
-    {QT_TRANSLATE_NOOP("SettingsDialog", "Odd"),   3},
-    {QT_TRANSLATE_NOOP("SettingsDialog", "Mark"),  5},
-    {QT_TRANSLATE_NOOP("SettingsDialog", "Space"), 4},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "None"),  QSerialPort::NoParity},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Even"),  QSerialPort::EvenParity},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Odd"),   QSerialPort::OddParity},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Mark"),  QSerialPort::MarkParity},
+    {QT_TRANSLATE_NOOP("SettingsDialog", "Space"), QSerialPort::SpaceParity},
 };
 // clang-format on
 constexpr int EightDataBits = 3; // index of the entry
@@ -120,6 +121,7 @@ PhysicalQuantities SettingsDialog::units() const
 void SettingsDialog::usePort(const QString &portName)
 {
     m_portSettings.portName = portName;
+    m_chosenPort = portName;
     m_portStore->setValue(PortNameKey, portName);
     fillPorts(); // its adapter may have come since the list was filled
     m_ui->serialPortInfoListBox->setCurrentText(portName);
@@ -134,12 +136,12 @@ void SettingsDialog::showPortInfo(int idx)
 /** Shows @p details, what an entry of the port list carries; an empty list clears the labels. */
 void SettingsDialog::showPortDetails(const QStringList &details)
 {
-    const auto detail = [&details](PortDetail index) { return details.value(index); };
-    m_ui->descriptionLabel->setText(tr("Description: %1").arg(detail(Description)));
-    m_ui->manufacturerLabel->setText(tr("Manufacturer: %1").arg(detail(Manufacturer)));
-    m_ui->locationLabel->setText(tr("Location: %1").arg(detail(Location)));
-    m_ui->vidLabel->setText(tr("Vendor Identifier: %1").arg(detail(VendorIdentifier)));
-    m_ui->pidLabel->setText(tr("Product Identifier: %1").arg(detail(ProductIdentifier)));
+    const auto detail = [&details](PortDetail which) { return details.value(static_cast<int>(which)); };
+    m_ui->descriptionLabel->setText(tr("Description: %1").arg(detail(PortDetail::Description)));
+    m_ui->manufacturerLabel->setText(tr("Manufacturer: %1").arg(detail(PortDetail::Manufacturer)));
+    m_ui->locationLabel->setText(tr("Location: %1").arg(detail(PortDetail::Location)));
+    m_ui->vidLabel->setText(tr("Vendor Identifier: %1").arg(detail(PortDetail::VendorIdentifier)));
+    m_ui->pidLabel->setText(tr("Product Identifier: %1").arg(detail(PortDetail::ProductIdentifier)));
 }
 
 void SettingsDialog::apply()

@@ -60,18 +60,18 @@ void LinkReporter::onStateChanged(State state, State before)
 void LinkReporter::onPolled(const model::RegisterImage &image)
 {
     QStringList faults;
-    QStringList remedies;
+    QStringList tips;
     for (const model::Field &field : image.family().fields) {
         const bool isReported = !field.isWritable() && !field.flags.isEmpty();
         const quint32 bits = isReported ? image.bits(field).value_or(0) : 0;
         for (const model::Flag &flag : field.flags) {
-            if (bits & (1U << flag.bit)) {
-                faults.append(QCoreApplication::translate("EditView", flag.label));
-                remedies.append(FieldToolTip::remarkText(QLatin1String(flag.control)));
-            }
+            if (!(bits & (1U << flag.bit)))
+                continue;
+            faults.append(QCoreApplication::translate("EditView", flag.label));
+            tips.append(faults.last() + QLatin1String(": ") + FieldToolTip::remarkText(QLatin1String(flag.control)));
         }
     }
-    m_line.showFault(faults.join(QLatin1String(", ")), remedies.join(QLatin1Char('\n')));
+    m_line.showFault(faults.join(QLatin1String(", ")), tips.join(QLatin1Char('\n')));
 }
 
 void LinkReporter::onQualityChanged()

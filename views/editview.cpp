@@ -43,11 +43,11 @@ void makeRoomForHeadings(const QWidget &view)
         label->setMaximumWidth(qMax(label->maximumWidth(), label->sizeHint().width()));
 }
 
-// The fields among the statuses tell of themselves while their registers are known.
+// The fields among the statuses say more while their registers are known.
 void explainStatuses(const QWidget &view)
 {
-    const auto boxes = view.findChildren<ZelvarStatusCheckBox *>();
-    for (ZelvarStatusCheckBox *box : boxes) {
+    const auto boxes = view.findChildren<QCheckBox *>();
+    for (QCheckBox *box : boxes) {
         box->setToolTip(FieldToolTip::remarkText(box->objectName()));
         box->setAccessibleDescription(box->toolTip());
     }

@@ -215,6 +215,7 @@ QString BoundField::rangeText() const
 {
     if (!m_limits || !isNumber())
         return {};
+    // As it may be typed: without the separators that the controls refuse.
     QLocale locale = m_widget.locale();
     locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
     const auto text = [&](double number) { return locale.toString(number, 'f', shownDecimals()); };
@@ -240,12 +241,17 @@ bool BoundField::isObjectedTo() const
 /** What is known of the field in the tip; what the user might get wrong without it also for a screen reader. */
 void BoundField::refreshToolTip()
 {
+    const bool isRegisterKnown = !m_registersText.isEmpty();
     QStringList remarks;
-    QStringList lines;
-    if (!m_registersText.isEmpty()) {
-        remarks << FieldToolTip::remarkText(objectName(), m_units->unitName(m_fieldId)) << m_objection;
-        lines << m_registersText << rangeText() << remarks;
-    }
+    // What a status means holds without a servo, too.
+    if (isRegisterKnown || !isNumber())
+        remarks << FieldToolTip::remarkText(objectName(), hasUnit() ? m_units->unitName(m_fieldId) : QString());
+    if (isRegisterKnown)
+        remarks << m_objection;
+    QStringList lines{m_registersText};
+    if (isRegisterKnown)
+        lines << rangeText();
+    lines << remarks;
     remarks.removeAll(QString());
     lines.removeAll(QString());
     m_widget.setToolTip(lines.join(QLatin1Char('\n')));

@@ -191,6 +191,38 @@ private Q_SLOTS:
         QCOMPARE(writes.first().at(1).toByteArray().mid(30, 4), QByteArray(4, '\0'));
     }
 
+    void aDisabledButtonSaysWhy()
+    {
+        ConnectedEditView fixture;
+        QByteArray table = ConnectedEditView::jointTable();
+        table[48] = 1;
+        auto &motor = fixture.child<QCheckBox>("enableMotorCheckBox");
+        // clang-format off
+        const std::tuple<std::function<void()>, const char *, const char *> steps[] = {
+            {[] {},                                               "No servo is connected",      "No servo is connected"   },
+            {[&] { fixture.groups().linkUp(); },                  "The servo has not answered", "The servo has not"       },
+            {[&] { fixture.connectTo(12); },                      "The parameters of this",     "The parameters of this"  },
+            {[&] { fixture.connectTo(0x0102); },                  "",                           ""                        },
+            {[&] { fixture.editSave("v").click(); },              "",                           "The first values"        },
+            {[&] { fixture.feed(table); motor.click(); motor.click(); }, "", "Nothing has been changed"},
+            {[&] { fixture.cancel("v").click(); },                "The motor is on",            ""                        },
+            {[&] { fixture.groups().setServoReachable(false); },  "The servo listens at",       "The servo listens at"    },
+            {[&] { fixture.groups().linkDown(); },                "No servo is connected",      "No servo is connected"   },
+        };
+        // clang-format on
+        for (const auto &[step, nonVolatile, ofVolatile] : steps) {
+            const InRow row(QString(nonVolatile) + ", " + ofVolatile);
+            step();
+            for (const auto &[group, start] : {std::pair("nv", nonVolatile), std::pair("v", ofVolatile)}) {
+                const auto &button = fixture.editSave(group);
+                const QString why = button.accessibleDescription();
+                QCOMPARE(why.left(int(qstrlen(start))), QString(start));
+                QCOMPARE(why.isEmpty(), button.isEnabled());
+                QVERIFY(button.toolTip().endsWith(why));
+            }
+        }
+    }
+
     void motorInhibitsNonVolatileEdits()
     {
         ConnectedEditView fixture;

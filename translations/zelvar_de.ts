@@ -1171,6 +1171,14 @@
         <source>Edit</source>
         <translation>Bearbeiten</translation>
     </message>
+    <message>
+        <source>The servo listens at another id or baud rate by now: disconnect and connect again.</source>
+        <translation>Der Servo hört inzwischen auf eine andere ID oder Baudrate: Verbindung trennen und neu herstellen.</translation>
+    </message>
+    <message>
+        <source>The motor is on, and the servo takes non-volatile parameters only while it is off: untick &quot;Enable motor&quot; and apply that first.</source>
+        <translation>Der Motor ist eingeschaltet, und der Servo nimmt nichtflüchtige Parameter nur an, solange er ausgeschaltet ist: Zuerst das Häkchen bei „Motor einschalten“ entfernen und das anwenden.</translation>
+    </message>
 </context>
 <context>
     <name>UnitsHelper</name>
@@ -1181,6 +1189,29 @@
     <message>
         <source>degrees</source>
         <translation>Grad</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarGroupToolButton</name>
+    <message>
+        <source>No servo is connected.</source>
+        <translation>Es ist kein Servo verbunden.</translation>
+    </message>
+    <message>
+        <source>The servo has not answered yet.</source>
+        <translation>Der Servo hat noch nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The parameters of this model cannot be edited.</source>
+        <translation>Die Parameter dieses Modells lassen sich nicht bearbeiten.</translation>
+    </message>
+    <message>
+        <source>The first values of the servo have not come yet.</source>
+        <translation>Die ersten Werte des Servos sind noch nicht da.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet.</source>
+        <translation>Es wurde noch nichts geändert.</translation>
     </message>
 </context>
 <context>

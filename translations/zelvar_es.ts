@@ -1171,6 +1171,14 @@
         <source>Edit</source>
         <translation>Editar</translation>
     </message>
+    <message>
+        <source>The servo listens at another id or baud rate by now: disconnect and connect again.</source>
+        <translation>El servo escucha ya en otro ID u otra velocidad: desconecte y vuelva a conectar.</translation>
+    </message>
+    <message>
+        <source>The motor is on, and the servo takes non-volatile parameters only while it is off: untick &quot;Enable motor&quot; and apply that first.</source>
+        <translation>El motor está encendido y el servo solo acepta parámetros no volátiles mientras está apagado: desmarque antes «Activar motor» y aplíquelo.</translation>
+    </message>
 </context>
 <context>
     <name>UnitsHelper</name>
@@ -1181,6 +1189,29 @@
     <message>
         <source>degrees</source>
         <translation>grados</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarGroupToolButton</name>
+    <message>
+        <source>No servo is connected.</source>
+        <translation>No hay ningún servo conectado.</translation>
+    </message>
+    <message>
+        <source>The servo has not answered yet.</source>
+        <translation>El servo aún no ha respondido.</translation>
+    </message>
+    <message>
+        <source>The parameters of this model cannot be edited.</source>
+        <translation>Los parámetros de este modelo no se pueden editar.</translation>
+    </message>
+    <message>
+        <source>The first values of the servo have not come yet.</source>
+        <translation>Aún no han llegado los primeros valores del servo.</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed yet.</source>
+        <translation>Todavía no se ha cambiado nada.</translation>
     </message>
 </context>
 <context>

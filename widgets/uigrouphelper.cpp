@@ -65,6 +65,7 @@ UiGroupHelper::UiGroupHelper(QWidget *view) : m_view(view)
         return;
     for (const GroupRow &row : Groups)
         setUpGroup(row);
+    refreshInhibition();
     if (const auto *enableMotor = view->findChild<ZelvarCheckBox *>(QStringLiteral("enableMotorCheckBox")))
         connect(enableMotor, SIGNAL(toggled(bool)), this, SLOT(on_enableMotorCheckBox_toggled(bool)));
 }
@@ -193,14 +194,21 @@ void UiGroupHelper::setServoReachable(bool reachable)
 
 void UiGroupHelper::refreshInhibition()
 {
-    const std::pair<const char *, bool> inhibitions[] = {
-        {"nonVolatileParamsGroupBox", !m_isServoReachable || m_isMotorOn},
-        {"volatileParamsGroupBox", !m_isServoReachable},
+    const QString unreachable =
+        m_isServoReachable ? QString()
+                           : tr("The servo listens at another id or baud rate by now: disconnect and connect again.");
+    const QString motor = m_isMotorOn
+                              ? tr("The motor is on, and the servo takes non-volatile parameters only while it is "
+                                   "off: untick \"Enable motor\" and apply that first.")
+                              : QString();
+    const std::pair<const char *, QString> inhibitions[] = {
+        {"nonVolatileParamsGroupBox", m_isServoReachable ? motor : unreachable},
+        {"volatileParamsGroupBox", unreachable},
     };
-    for (const auto &[name, isInhibited] : inhibitions) {
+    for (const auto &[name, why] : inhibitions) {
         const ZelvarParametersGroupBox *box = group(name);
         if (ZelvarGroupToolButton *editSave = box ? buttonOf(*box, ZelvarGroupToolButton::EditSave) : nullptr)
-            editSave->setInhibited(isInhibited);
+            editSave->setInhibition(why);
     }
 }
 

@@ -1,10 +1,13 @@
 #include "widgets/zelvargrouptoolbutton.h"
 
 #include "device/devicehelper.h"
+#include "device/ieditgroup.h"
 #include "widgets/followeddevice.h"
 #include "widgets/groupbuttonaccess.h"
 
 #include <utility>
+
+#include <QEvent>
 
 ZelvarGroupToolButton::ZelvarGroupToolButton(QWidget *parent) : QToolButton(parent)
 {
@@ -34,33 +37,82 @@ void ZelvarGroupToolButton::setSaveAction(std::function<void()> saveAction)
     m_saveAction = std::move(saveAction);
 }
 
-void ZelvarGroupToolButton::setInhibited(bool inhibited)
+void ZelvarGroupToolButton::setInhibition(const QString &why)
 {
-    m_inhibited = inhibited;
+    m_inhibition = why;
     refreshEnabled();
 }
 
 void ZelvarGroupToolButton::refreshEnabled()
 {
-    setEnabled(m_deviceLoaded && !m_inhibited && (!isChecked() || m_referenceCount != 0));
+    enable(m_link == Link::Up && m_inhibition.isEmpty() && (!isChecked() || m_referenceCount != 0));
+}
+
+void ZelvarGroupToolButton::setToolTip(const QString &tip)
+{
+    m_toolTip = tip;
+    refreshToolTip();
+}
+
+// The first values of a group may have come since.
+bool ZelvarGroupToolButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip)
+        refreshToolTip();
+    return QToolButton::event(event);
+}
+
+void ZelvarGroupToolButton::enable(bool enabled)
+{
+    setEnabled(enabled);
+    refreshToolTip();
+}
+
+void ZelvarGroupToolButton::refreshToolTip()
+{
+    const QString why = isEnabled() || m_role != EditSave ? QString() : whyDisabled();
+    const bool areBoth = !m_toolTip.isEmpty() && !why.isEmpty();
+    QToolButton::setToolTip(areBoth ? m_toolTip + QLatin1Char('\n') + why : m_toolTip + why);
+    setAccessibleDescription(why);
+}
+
+QString ZelvarGroupToolButton::whyDisabled() const
+{
+    switch (m_link) {
+    case Link::Down:
+        return tr("No servo is connected.");
+    case Link::Unanswered:
+        return tr("The servo has not answered yet.");
+    case Link::Unsupported:
+        return tr("The parameters of this model cannot be edited.");
+    case Link::Up:
+        break;
+    }
+    if (!m_inhibition.isEmpty())
+        return m_inhibition;
+    const auto *group = dynamic_cast<const IEditGroup *>(parent());
+    const bool isWaiting = group && group->editMode() && !group->withholdsValues();
+    return isWaiting ? tr("The first values of the servo have not come yet.") : tr("Nothing has been changed yet.");
 }
 
 void ZelvarGroupToolButton::connected()
 {
     followDeviceLoaded(*this);
+    m_link = Link::Unanswered;
+    refreshToolTip();
 }
 
 void ZelvarGroupToolButton::disconnected()
 {
     cutDeviceLoaded();
-    m_deviceLoaded = false;
-    setEnabled(false);
+    m_link = Link::Down;
+    enable(false);
 }
 
 void ZelvarGroupToolButton::incrementReferenceCount(bool dirty)
 {
     m_referenceCount += dirty ? 1 : -1;
-    setEnabled(m_referenceCount != 0 && !m_inhibited);
+    enable(m_referenceCount != 0 && m_inhibition.isEmpty());
 }
 
 void ZelvarGroupToolButton::clearReferenceCount()
@@ -80,6 +132,6 @@ void ZelvarGroupToolButton::finishPress()
 void ZelvarGroupToolButton::on_deviceLoaded()
 {
     const std::shared_ptr<const IDevice> device = DeviceHelper::currentDevice();
-    m_deviceLoaded = device && device->hasRegisterMap();
+    m_link = device && device->hasRegisterMap() ? Link::Up : Link::Unsupported;
     refreshEnabled();
 }

@@ -23,10 +23,12 @@ public:
     const std::function<void()> &saveAction() const;
     void setSaveAction(std::function<void()> saveAction);
 
-    /** Takes the button out of use, whatever else happens to it, until called with false. */
-    void setInhibited(bool inhibited);
+    /** Takes the button out of use for the reason @p why, whatever else happens to it, until that is empty. */
+    void setInhibition(const QString &why);
     /** Enables the button as far as device, inhibition and, while editing, the count of edited fields allow. */
     void refreshEnabled();
+    /** Sets what the tip says; an edit/save button that is disabled adds why. */
+    void setToolTip(const QString &tip);
 
 public Q_SLOTS:
     void connected() override;
@@ -36,13 +38,22 @@ public Q_SLOTS:
     void clearReferenceCount();
     void on_deviceLoaded();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    enum class Link { Down, Unanswered, Unsupported, Up };
+
     void finishPress();
+    void enable(bool enabled);
+    void refreshToolTip();
+    QString whyDisabled() const;
 
     Role m_role = EditSave;
     qint32 m_referenceCount = 0;
     std::function<void()> m_saveAction;
-    bool m_deviceLoaded = false;
-    bool m_inhibited = false;
+    Link m_link = Link::Down;
+    QString m_inhibition;
+    QString m_toolTip;
     bool m_unchecksAtRelease = false;
 };

@@ -331,8 +331,10 @@ void MainWindow::makeConnections()
     connect(m_connection.get(), &session::Connection::stateChanged, this, &MainWindow::onStateChanged);
     connect(m_connection.get(), &session::Connection::identificationDue, this, &MainWindow::identify);
     connect(m_proof.get(), &session::ApplyProof::read, this, &MainWindow::onProofRead);
-    connect(ProcessWide<UiGroupHelper>::instance().get(), &UiGroupHelper::addQueueRequest, m_proof.get(),
-            &session::ApplyProof::expect);
+    connect(m_proof.get(), &session::ApplyProof::reported, this, &MainWindow::endPending);
+    UiGroupHelper &groups = *ProcessWide<UiGroupHelper>::instance();
+    connect(&groups, &UiGroupHelper::addQueueRequest, m_proof.get(), &session::ApplyProof::expect);
+    groups.expectProofs();
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
@@ -405,8 +407,16 @@ void MainWindow::onStateChanged(session::State state, session::State before)
 
 void MainWindow::onProofRead(const QByteArray &registers)
 {
+    endPending(); // first, for the fields to show what was read
     m_pollTarget->take(registers);
     UiScheduler::passOn(registers, *m_pollTarget);
+}
+
+void MainWindow::endPending()
+{
+    // What is read before the last of several blocks is written is older than what that one asks for.
+    if (!m_proof->isPending())
+        ProcessWide<UiGroupHelper>::instance()->endPending();
 }
 
 void MainWindow::undoLastApply()

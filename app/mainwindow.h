@@ -75,6 +75,7 @@ private:
     void onDeviceLoaded();
     void identify();
     void onProofRead(const QByteArray &registers);
+    void endPending();
     void undoLastApply();
     void onStateChanged(session::State state, session::State before);
     void onAnswersBack();

@@ -16,4 +16,9 @@ public:
     virtual bool isDirty() const = 0;
     /** Whether the connected device has the field but no value of it has arrived yet. */
     virtual bool awaitsValue() const = 0;
+    /** What the user has changed is on its way to the servo: it is shown as pending, whatever is read until
+     * endPending(). */
+    virtual void beginPending() = 0;
+    /** It was proved, or will not be: the next value from the servo is shown, and the field pending until it comes. */
+    virtual void endPending() = 0;
 };

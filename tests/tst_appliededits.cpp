@@ -9,6 +9,7 @@
 #include "simulator/zelvarregisters.h"
 #include "tests/support/desk.h"
 #include "tests/support/editedfield.h"
+#include "widgets/fieldmark.h"
 
 using namespace simulator;
 
@@ -129,6 +130,7 @@ private Q_SLOTS:
                 const int value = dynamic_cast<IUnitDataField &>(*control).value();
                 desk.click(button);
                 edited << field.control;
+                QVERIFY(control->findChild<FieldMark *>());
 
                 const QByteArray after = field.written(before, value);
                 if (field.address == zelvar::Id || field.address == zelvar::BaudRate) {
@@ -141,6 +143,7 @@ private Q_SLOTS:
                     QVERIFY(awaitPolls(2)); // the first one may have been asked for before
                     QCOMPARE(desk.simulator.registers().toHex(), after.toHex());
                 }
+                QTRY_VERIFY(!control->findChild<FieldMark *>());
             }
             QCOMPARE(desk.watcher.boxes, QStringList());
         }

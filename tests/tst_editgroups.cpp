@@ -1,5 +1,20 @@
 #include "tests/support/connectededitview.h"
 #include "tests/support/editedfield.h"
+#include "widgets/fieldmark.h"
+
+namespace {
+
+FieldMark *markOf(const QWidget &control)
+{
+    return control.findChild<FieldMark *>();
+}
+
+QString shown(const QWidget &control)
+{
+    return control.metaObject()->userProperty().read(&control).toString();
+}
+
+} // namespace
 
 class TestEditGroups : public QObject
 {
@@ -189,6 +204,73 @@ private Q_SLOTS:
         fixture.child<QDoubleSpinBox>("targetAngularVelocityDoubleSpinBox").setValue(1.0);
         fixture.editSave("v").click();
         QCOMPARE(writes.first().at(1).toByteArray().mid(30, 4), QByteArray(4, '\0'));
+    }
+
+    // Every kind of control, every way in which an edit ends.
+    void whatIsNotTheServosValueIsMarked()
+    {
+        enum End { ChangedBack, Cancelled, Locked, Disconnected, DisconnectedPending, Kept, NotKept };
+        // clang-format off
+        const std::tuple<const char *, const char *, int, int, const char *> rows[] = {
+            {"ackResponseTimeSpinBox",         "nv", 5,  100, "200 μs"},
+            {"temperatureLimitDoubleSpinBox",  "nv", 11, 80,  "176.0 °F"},
+            {"inputModeComboBox",              "nv", 26, 1,   "Position"},
+            {"enableMotorCheckBox",            "v",  48, 0,   "off"},
+        };
+        // clang-format on
+        QRandomGenerator random(3);
+        for (const auto &[name, group, address, raw, servoHas] : rows) {
+            ConnectedEditView fixture(1);
+            fixture.groups().expectProofs();
+            auto &control = fixture.child(name);
+            QByteArray before = ConnectedEditView::jointTable();
+            before[address] = char(raw);
+            for (const End end : {ChangedBack, Cancelled, Locked, Disconnected, DisconnectedPending, Kept, NotKept}) {
+                const InRow row(QString("%1 %2").arg(name).arg(end));
+                fixture.connectAndFeed(before);
+                const QString unedited = shown(control);
+                const QString tip = control.toolTip();
+                fixture.editSave(group).click();
+                QVERIFY(!markOf(control));
+                EditedField::change(control, random);
+                const QString edited = shown(control);
+                const QString changed = QString("Changed, not applied. The servo has: ") + servoHas;
+                QVERIFY(markOf(control) && markOf(control)->accessibleName() == changed);
+                QCOMPARE(control.toolTip(), tip + '\n' + changed);
+                QVERIFY(control.accessibleDescription().endsWith(changed));
+                QVERIFY(control.rect().contains(markOf(control)->geometry()));
+
+                if (end == ChangedBack)
+                    control.metaObject()->userProperty().write(&control, unedited);
+                else if (end == Cancelled)
+                    fixture.cancel(group).click();
+                else if (end == Locked)
+                    dynamic_cast<IZelvarField &>(control).setLocked(true);
+                else if (end >= DisconnectedPending)
+                    fixture.editSave(group).click();
+                if (end >= DisconnectedPending) {
+                    fixture.feed(before); // read before the block was written
+                    QCOMPARE(shown(control), edited);
+                    QVERIFY(markOf(control) && control.toolTip().contains("\nPending: "));
+                }
+                if (end >= Kept) {
+                    QByteArray after = before;
+                    if (end == Kept)
+                        after[address] = char(dynamic_cast<IUnitDataField &>(control).value());
+                    fixture.groups().endPending();
+                    QVERIFY(markOf(control)); // until it is known what the servo has
+                    fixture.feed(after);
+                    QCOMPARE(dynamic_cast<IUnitDataField &>(control).value(), int(quint8(after[address])));
+                }
+                if (end == Disconnected || end == DisconnectedPending)
+                    fixture.groups().linkDown();
+                else
+                    QCOMPARE(control.toolTip(), tip);
+                QVERIFY(!markOf(control));
+                fixture.groups().linkDown();
+                dynamic_cast<IZelvarField &>(control).setLocked(false);
+            }
+        }
     }
 
     void aDisabledButtonSaysWhy()

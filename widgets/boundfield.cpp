@@ -41,6 +41,7 @@ void BoundField::setEditable(bool enable)
     }
     m_widget.setEnabled(enable);
     clearDirty();
+    refreshMark();
 }
 
 void BoundField::restoreValue()
@@ -58,6 +59,18 @@ bool BoundField::isDirty() const
 bool BoundField::awaitsValue() const
 {
     return m_support == Support::Defined && !m_valueReceived;
+}
+
+void BoundField::beginPending()
+{
+    m_applied = Applied::AwaitsProof;
+    refreshMark();
+}
+
+void BoundField::endPending()
+{
+    if (m_applied == Applied::AwaitsProof)
+        m_applied = Applied::AwaitsValue;
 }
 
 void BoundField::connected()
@@ -88,6 +101,7 @@ void BoundField::forgetDevice()
     m_support = Support::Unknown;
     m_limits.reset();
     m_shownRaw.reset();
+    m_applied = Applied::Read;
     m_valueReceived = false;
     m_registersText.clear();
     m_objection.clear();
@@ -127,8 +141,10 @@ void BoundField::setLocked(bool lock)
         markDirty(false);
     disable(lock || !isGroupEdited() || m_support == Support::Undefined || awaitsValue());
     m_locked = lock;
-    if (wasLocked != lock)
+    if (wasLocked != lock) {
         refreshBlank();
+        refreshMark();
+    }
 }
 
 qint32 BoundField::fieldId() const
@@ -138,8 +154,13 @@ qint32 BoundField::fieldId() const
 
 void BoundField::setValue(int raw)
 {
-    if (!m_connected || m_support != Support::Defined || m_dirty)
+    // What was read before the proof may be older than what was applied.
+    if (!m_connected || m_support != Support::Defined || m_dirty || m_applied == Applied::AwaitsProof)
         return;
+    if (m_applied != Applied::Read) {
+        m_applied = Applied::Read;
+        refreshMark();
+    }
     // Most polls bring what is shown already; those must cost nothing.
     if (m_shownRaw == raw && showsStored())
         return;
@@ -183,6 +204,7 @@ void BoundField::markDirty(bool dirty)
     if (m_dirty == dirty)
         return;
     m_dirty = dirty;
+    refreshMark();
     setIsDirty(dirty);
 }
 
@@ -248,6 +270,7 @@ void BoundField::refreshToolTip()
         remarks << FieldToolTip::remarkText(objectName(), hasUnit() ? m_units->unitName(m_fieldId) : QString());
     if (isRegisterKnown)
         remarks << m_objection;
+    remarks << markText();
     QStringList lines{m_registersText};
     if (isRegisterKnown)
         lines << rangeText();
@@ -256,6 +279,42 @@ void BoundField::refreshToolTip()
     lines.removeAll(QString());
     m_widget.setToolTip(lines.join(QLatin1Char('\n')));
     m_widget.setAccessibleDescription(remarks.join(QLatin1Char(' ')));
+}
+
+FieldMark::Kind BoundField::markKind() const
+{
+    if (isBlank())
+        return FieldMark::Kind::None;
+    if (m_dirty)
+        return FieldMark::Kind::Changed;
+    return m_applied == Applied::Read ? FieldMark::Kind::None : FieldMark::Kind::Pending;
+}
+
+QString BoundField::markText() const
+{
+    if (m_markKind == FieldMark::Kind::None)
+        return {};
+    if (m_markKind == FieldMark::Kind::Pending)
+        return FieldToolTip::pendingText();
+    const QString unit = hasUnit() ? m_units->unitName(m_fieldId) : QString();
+    const QString value = unit.isEmpty() ? storedText() : storedText() + QLatin1Char(' ') + unit;
+    return m_applied == Applied::Read ? FieldToolTip::changedText(value) : FieldToolTip::changedAgainText(value);
+}
+
+void BoundField::refreshMark()
+{
+    const FieldMark::Kind kind = markKind();
+    if (kind == m_markKind)
+        return;
+    m_markKind = kind;
+    refreshToolTip();
+    if (kind == FieldMark::Kind::None) {
+        m_mark.reset();
+        return;
+    }
+    if (!m_mark)
+        m_mark = std::make_unique<FieldMark>(m_widget);
+    m_mark->mark(kind, markText());
 }
 
 int BoundField::shownDecimals() const

@@ -4,6 +4,7 @@
 #include "device/iconnectinfo.h"
 #include "device/igroupinputcomponent.h"
 #include "device/iunitdatafield.h"
+#include "widgets/fieldmark.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -37,13 +38,18 @@ public:
     void restoreValue() override;
     bool isDirty() const override;
     bool awaitsValue() const override;
+    void beginPending() override;
+    void endPending() override;
 
     void connected() override;
     void disconnected() override;
 
     void setLocked(bool lock) override;
     qint32 fieldId() const override;
-    /** Shows @p raw while the link is up, unless the device model lacks the field or the user has changed it. */
+    /**
+     * Shows @p raw while the link is up, unless the device model lacks the field, the user has changed it, or what was
+     * applied is not proved yet.
+     */
     void setValue(int raw) override;
     void applyDependency() override;
 
@@ -69,6 +75,8 @@ protected:
     /** Shows the last value from the servo, or the placeholder. */
     virtual void showStored() = 0;
     virtual bool showsStored() const = 0;
+    /** The last value from the servo as the widget would show it, without a unit. */
+    virtual QString storedText() const = 0;
     /** Whether the widget shows something that the user entered and that is not the servo's value. */
     virtual bool isEdited() const = 0;
 
@@ -122,11 +130,16 @@ protected:
 
 private:
     enum class Support { Unknown, Defined, Undefined };
+    /** How far the value that was applied last is known to be the servo's. */
+    enum class Applied { Read, AwaitsProof, AwaitsValue };
 
     bool isGroupEdited() const;
     void markDirty(bool dirty);
     void forgetDevice();
     void refreshToolTip();
+    void refreshMark();
+    FieldMark::Kind markKind() const;
+    QString markText() const;
 
     QWidget &m_widget;
     const IEditGroup *m_parentGroup; ///< null outside a group
@@ -137,6 +150,9 @@ private:
     std::optional<int> m_shownRaw;
     QString m_registersText;
     QString m_objection;
+    Applied m_applied = Applied::Read;
+    std::unique_ptr<FieldMark> m_mark;
+    FieldMark::Kind m_markKind = FieldMark::Kind::None;
     bool m_connected = false;
     bool m_valueReceived = false;
     bool m_dirty = false;

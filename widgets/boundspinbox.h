@@ -48,6 +48,7 @@ protected:
 
     Number shown() const override { return QtBase::value(); }
     void display(const Number &number) override { QtBase::setValue(number); }
+    QString storedText() const override { return this->textFromValue(this->stored()); }
     bool isEdited() const override { return this->hasAcceptableInput() && !this->showsStored(); }
 
     BoundField::Range shownRange() const override { return {double(QtBase::minimum()), double(QtBase::maximum())}; }

@@ -86,3 +86,18 @@ QString FieldToolTip::correctedText(const QString &typed)
 {
     return tr("%1 was beyond the range and has been corrected.").arg(typed);
 }
+
+QString FieldToolTip::changedText(const QString &value)
+{
+    return tr("Changed, not applied. The servo has: %1").arg(value);
+}
+
+QString FieldToolTip::changedAgainText(const QString &value)
+{
+    return tr("Changed, not applied. Applied before, and not read back from the servo yet: %1").arg(value);
+}
+
+QString FieldToolTip::pendingText()
+{
+    return tr("Pending: this was applied and has not been read back from the servo yet.");
+}

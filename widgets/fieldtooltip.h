@@ -27,4 +27,10 @@ public:
     static QString noNumberText(const QString &typed);
     /** That @p typed was beyond the range and has been corrected. */
     static QString correctedText(const QString &typed);
+    /** That the field was changed and the servo still has @p value. */
+    static QString changedText(const QString &value);
+    /** That the field was changed once more while @p value, applied before, is not proved yet. */
+    static QString changedAgainText(const QString &value);
+    /** That what the field shows was applied and is not proved yet. */
+    static QString pendingText();
 };

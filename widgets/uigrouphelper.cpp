@@ -123,6 +123,14 @@ void UiGroupHelper::linkDown()
     Q_EMIT linkWentDown();
 }
 
+void UiGroupHelper::endPending()
+{
+    for (const GroupRow &row : Groups) {
+        if (const ZelvarParametersGroupBox *box = group(row.objectName))
+            forEachInput(*box, [](QObject *, IGroupInputComponent &input) { input.endPending(); });
+    }
+}
+
 void UiGroupHelper::on_editSaveToolButton_toggled(bool checked)
 {
     auto *editSave = qobject_cast<ZelvarGroupToolButton *>(sender());
@@ -147,8 +155,15 @@ void UiGroupHelper::on_editSaveToolButton_toggled(bool checked)
 void UiGroupHelper::on_editSaveToolButton_pressed()
 {
     const auto *editSave = qobject_cast<ZelvarGroupToolButton *>(sender());
-    if (editSave && editSave->isChecked() && editSave->saveAction())
-        editSave->saveAction()();
+    if (!editSave || !editSave->isChecked() || !editSave->saveAction())
+        return;
+    editSave->saveAction()();
+    if (!m_expectsProofs)
+        return;
+    forEachInput(*editSave->parent(), [](QObject *, IGroupInputComponent &input) {
+        if (input.isDirty())
+            input.beginPending();
+    });
 }
 
 void UiGroupHelper::on_limitsCancelToolButton_pressed()

@@ -24,6 +24,12 @@ public:
     /** @param view the edit view, which stays its owner's; without one there are no groups. */
     explicit UiGroupHelper(QWidget *view = nullptr);
 
+    /**
+     * From now on what is applied is shown as pending until endPending() is called. Without a caller that has the servo
+     * asked, it counts as the servo's at once.
+     */
+    void expectProofs() { m_expectsProofs = true; }
+
 Q_SIGNALS:
     /** Write @p data to the registers from @p address of the connected servo. */
     void addQueueRequest(uint8_t address, const QByteArray &data);
@@ -36,6 +42,8 @@ public Q_SLOTS:
     void linkUp();
     /** The port is closed or lost: edits are dropped and the groups show nothing any more. */
     void linkDown();
+    /** What was applied is proved, or will not be: what is read from now on is shown again. */
+    void endPending();
     /** While the servo listens elsewhere than it is asked, nothing can be edited or applied: it would be lost. */
     void setServoReachable(bool reachable);
 
@@ -66,4 +74,5 @@ private:
     QPointer<QWidget> m_view;
     bool m_isServoReachable = true;
     bool m_isMotorOn = false;
+    bool m_expectsProofs = false;
 };

@@ -44,6 +44,11 @@ bool ZelvarCheckBox::shown() const
     return isChecked();
 }
 
+QString ZelvarCheckBox::storedText() const
+{
+    return stored() ? tr("on") : tr("off");
+}
+
 void ZelvarCheckBox::display(const bool &on)
 {
     setChecked(on);

@@ -25,6 +25,7 @@ public Q_SLOTS:
 
 protected:
     bool shown() const override;
+    QString storedText() const override;
     void display(const bool &on) override;
     bool fromRaw(int raw) const override;
     /** Besides disabling, greys the caption: paler when the box is locked already. */

@@ -54,6 +54,11 @@ int ZelvarComboBox::shown() const
     return currentIndex();
 }
 
+QString ZelvarComboBox::storedText() const
+{
+    return itemText(stored());
+}
+
 void ZelvarComboBox::display(const int &index)
 {
     setCurrentIndex(index);

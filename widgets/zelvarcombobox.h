@@ -31,6 +31,7 @@ public Q_SLOTS:
 
 protected:
     int shown() const override;
+    QString storedText() const override;
     void display(const int &index) override;
     int fromRaw(int raw) const override;
     int placeholder() const override;

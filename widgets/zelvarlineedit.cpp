@@ -42,6 +42,11 @@ QString ZelvarLineEdit::shown() const
     return text();
 }
 
+QString ZelvarLineEdit::storedText() const
+{
+    return stored();
+}
+
 void ZelvarLineEdit::display(const QString &text)
 {
     setText(text);

@@ -28,6 +28,7 @@ public Q_SLOTS:
 
 protected:
     QString shown() const override;
+    QString storedText() const override;
     void display(const QString &text) override;
     QString fromRaw(int raw) const override;
     bool event(QEvent *event) override;

@@ -529,6 +529,18 @@
         <source>%1 was beyond the range and has been corrected.</source>
         <translation>%1 lag außerhalb des Bereichs und wurde korrigiert.</translation>
     </message>
+    <message>
+        <source>Changed, not applied. The servo has: %1</source>
+        <translation>Geändert, nicht angewendet. Der Servo hat: %1</translation>
+    </message>
+    <message>
+        <source>Changed, not applied. Applied before, and not read back from the servo yet: %1</source>
+        <translation>Geändert, nicht angewendet. Zuvor angewendet und noch nicht aus dem Servo zurückgelesen: %1</translation>
+    </message>
+    <message>
+        <source>Pending: this was applied and has not been read back from the servo yet.</source>
+        <translation>Ausstehend: Das wurde angewendet und noch nicht aus dem Servo zurückgelesen.</translation>
+    </message>
 </context>
 <context>
     <name>GroupKeys</name>
@@ -1189,6 +1201,17 @@
     <message>
         <source>degrees</source>
         <translation>Grad</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarCheckBox</name>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
     </message>
 </context>
 <context>

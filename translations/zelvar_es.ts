@@ -529,6 +529,18 @@
         <source>%1 was beyond the range and has been corrected.</source>
         <translation>%1 estaba fuera del intervalo y se ha corregido.</translation>
     </message>
+    <message>
+        <source>Changed, not applied. The servo has: %1</source>
+        <translation>Cambiado, sin aplicar. El servo tiene: %1</translation>
+    </message>
+    <message>
+        <source>Changed, not applied. Applied before, and not read back from the servo yet: %1</source>
+        <translation>Cambiado, sin aplicar. Aplicado antes y aún no leído de vuelta del servo: %1</translation>
+    </message>
+    <message>
+        <source>Pending: this was applied and has not been read back from the servo yet.</source>
+        <translation>Pendiente: esto se aplicó y aún no se ha leído de vuelta del servo.</translation>
+    </message>
 </context>
 <context>
     <name>GroupKeys</name>
@@ -1189,6 +1201,17 @@
     <message>
         <source>degrees</source>
         <translation>grados</translation>
+    </message>
+</context>
+<context>
+    <name>ZelvarCheckBox</name>
+    <message>
+        <source>on</source>
+        <translation>encendido</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>apagado</translation>
     </message>
 </context>
 <context>

@@ -13,67 +13,7 @@ using namespace zelvar;
 
 namespace {
 
-constexpr auto ReadOnly = RegisterAccess::ReadOnly;
-constexpr auto NonVolatile = RegisterAccess::NonVolatile;
-constexpr auto Volatile = RegisterAccess::Volatile;
-constexpr auto Unsigned = RegisterKind::Unsigned;
-constexpr auto Signed = RegisterKind::Signed;
-constexpr auto Direction = RegisterKind::Direction;
-
 // clang-format off
-constexpr RegisterRow Rows[] = {
-    // address                  size  access       kind       minimum             maximum            default
-    {ModelNumber,                 2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            ModelNumberValue},
-    {FirmwareVersion,             1,  ReadOnly,    Unsigned,  0,                  0xFF,              FirmwareVersionValue},
-    {Id,                          1,  NonVolatile, Unsigned,  0,                  wire::MaximumId,   FactoryId},
-    {BaudRate,                    1,  NonVolatile, Unsigned,  0,                  baudcode::MaximumCode, baudcode::DefaultCode},
-    {AcknowledgeTime,             1,  NonVolatile, Unsigned,  0,                  254,               250},
-    {Mode,                        1,  NonVolatile, Unsigned,  0,                  4,                 2},
-    {ClockwiseLimit,              2,  NonVolatile, Signed,    -MaximumAngleLimit, MaximumAngleLimit, -MaximumAngleLimit},
-    {CounterClockwiseLimit,       2,  NonVolatile, Signed,    -MaximumAngleLimit, MaximumAngleLimit, MaximumAngleLimit},
-    {TemperatureLimit,            1,  NonVolatile, Unsigned,  0,                  255,               70},
-    {LowerVoltageLimit,           1,  NonVolatile, Unsigned,  0,                  255,               95},
-    {UpperVoltageLimit,           1,  NonVolatile, Unsigned,  0,                  255,               160},
-    {TorqueLimit,                 2,  NonVolatile, Unsigned,  0,                  5000,              3000},
-    {VelocityLimit,               2,  NonVolatile, Unsigned,  0,                  2400,              2000},
-    {AccelerationLimit,           2,  NonVolatile, Unsigned,  0,                  48000,             24000},
-    {HomeOffset,                  4,  NonVolatile, Signed,    -MaximumPosition,   MaximumPosition,   0},
-    {MovingThreshold,             2,  NonVolatile, Unsigned,  0,                  2000,              20},
-    {InputMode,                   1,  NonVolatile, Unsigned,  0,                  1,                 0},
-    {DefaultPositionGain,         2,  NonVolatile, Unsigned,  0,                  2000,              200},
-    {DefaultVelocityFeedforward,  2,  NonVolatile, Unsigned,  0,                  16383,             1000},
-    {DefaultCurrentFeedforward,   2,  NonVolatile, Unsigned,  0,                  1000,              900},
-    {DefaultVelocityIntegralGain, 2,  NonVolatile, Unsigned,  0,                  4000,              500},
-    {DefaultVelocityGain,         2,  NonVolatile, Unsigned,  0,                  4000,              1000},
-    {DefaultVelocityProfile,      2,  NonVolatile, Unsigned,  0,                  2000,              1000},
-    {DefaultAccelerationProfile,  2,  NonVolatile, Unsigned,  0,                  48000,             4000},
-    {ControlEnable,               1,  Volatile,    Unsigned,  0,                  1,                 0},
-    {PendingShadowInstruction,    1,  Volatile,    Unsigned,  0,                  1,                 0},
-    {PositionGain,                2,  Volatile,    Unsigned,  0,                  2000,              0},
-    {VelocityFeedforward,         2,  Volatile,    Unsigned,  0,                  16383,             0},
-    {CurrentFeedforward,          2,  Volatile,    Unsigned,  0,                  1000,              0},
-    {VelocityIntegralGain,        2,  Volatile,    Unsigned,  0,                  4000,              0},
-    {VelocityGain,                2,  Volatile,    Unsigned,  0,                  4000,              0},
-    {VelocityProfile,             2,  Volatile,    Unsigned,  0,                  2000,              0},
-    {AccelerationProfile,         2,  Volatile,    Unsigned,  0,                  48000,             0},
-    {TargetPosition,              4,  Volatile,    Signed,    -MaximumPosition,   MaximumPosition,   0},
-    {TargetVelocity,              2,  Volatile,    Direction, 0,                  2000,              0},
-    {TargetTorque,                2,  Volatile,    Direction, 0,                  18000,             0},
-    {ActualPosition,              4,  ReadOnly,    Signed,    -MaximumPosition,   MaximumPosition,   0},
-    {ActualVelocity,              2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-    {ActualTorque,                2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-    {ActualVoltage,               1,  ReadOnly,    Unsigned,  0,                  255,               0},
-    {ActualCurrent,               2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-    {ActualTemperature,           1,  ReadOnly,    Unsigned,  0,                  255,               0},
-    {Moving,                      1,  ReadOnly,    Unsigned,  0,                  1,                 0},
-    {PlannedVelocity,             2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-    {HardwareError,               1,  ReadOnly,    Unsigned,  0,                  255,               0},
-    {Debug1,                      1,  ReadOnly,    Unsigned,  0,                  255,               0},
-    {Debug2,                      1,  ReadOnly,    Unsigned,  0,                  255,               0},
-    {Debug3,                      2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-    {Debug4,                      2,  ReadOnly,    Unsigned,  0,                  0xFFFF,            0},
-};
-
 /** The error number of each refusal. */
 struct Refusal { Outcome outcome; wire::ErrorNumber number; };
 constexpr Refusal Refusals[] = {

@@ -39,7 +39,7 @@ int labelledAs(const model::Field &field, int byte)
 
 QString describedByte(const model::Field &field, int byte)
 {
-    const QString label = ZelvarV1::fieldLabel(field);
+    QString label = ZelvarV1::fieldLabel(field);
     const int named = labelledAs(field, byte);
     if (field.size == 1)
         return label;

@@ -28,8 +28,9 @@ void RegisterImage::take(int address, const QByteArray &bytes, TimePoint when)
 void RegisterImage::assumeWritten(int address, const QByteArray &bytes)
 {
     for (int offset = 0; offset < bytes.size(); ++offset) {
-        if (isKnown(address + offset, 1))
-            m_bytes[std::size_t(address + offset)] = quint8(bytes[offset]);
+        const int target = address + offset;
+        if (isKnown(target, 1))
+            m_bytes[std::size_t(target)] = quint8(bytes[offset]);
     }
 }
 

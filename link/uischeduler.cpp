@@ -39,9 +39,20 @@ UiScheduler::~UiScheduler() = default;
 
 void UiScheduler::addQueueRequest(uint8_t address, const QByteArray &data)
 {
-    ++m_blocksQueued;
+    ++m_changes;
     const auto ignoreReply = [](const QByteArray &) {};
     m_queue.push_back(std::make_shared<QueueRequest>(QueueRequest{m_servoId, address, data, ignoreReply}));
+}
+
+std::vector<std::shared_ptr<QueueRequest>>
+UiScheduler::takeBack(const std::function<bool(const QueueRequest &)> &isUnwanted)
+{
+    ++m_changes;
+    const auto isKept = [&](const std::shared_ptr<QueueRequest> &request) { return !isUnwanted(*request); };
+    const auto firstUnwanted = std::stable_partition(m_queue.begin(), m_queue.end(), isKept);
+    std::vector<std::shared_ptr<QueueRequest>> taken(firstUnwanted, m_queue.end());
+    m_queue.erase(firstUnwanted, m_queue.end());
+    return taken;
 }
 
 void UiScheduler::startScheduler(int pollingInterval)
@@ -79,8 +90,8 @@ void UiScheduler::poll()
     const auto binding = lookup(m_target.registerBindings(), static_cast<quint8>(m_pollCursor));
     // The reply may come when nobody wants it any more: after the next connection's scheduler has replaced this one,
     // after polling was stopped, or after a write was queued, which makes what was asked for before it out of date.
-    const auto takeReply = [self = QPointer<UiScheduler>(this), asOf = m_blocksQueued](const QByteArray &reply) {
-        if (self && self->m_timerId != 0 && self->m_blocksQueued == asOf)
+    const auto takeReply = [self = QPointer<UiScheduler>(this), asOf = m_changes](const QByteArray &reply) {
+        if (self && self->m_timerId != 0 && self->m_changes == asOf)
             self->groupCallback(reply);
     };
     m_serialHelper->readData(m_servoId, 0, m_target.readLength(), takeReply);

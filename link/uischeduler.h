@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -32,6 +33,12 @@ public:
     ~UiScheduler() override;
 
     uint8_t servoId() const { return m_servoId; }
+
+    /**
+     * Takes the queued writes back that @p isUnwanted holds for; the others keep their order. What was asked for before
+     * is out of date then, as it is when a write is queued. @return those that were taken back, oldest first.
+     */
+    std::vector<std::shared_ptr<QueueRequest>> takeBack(const std::function<bool(const QueueRequest &)> &isUnwanted);
 
     /** Passes each value of @p registers, which were read from address 0 on, to @p target. */
     static void passOn(const QByteArray &registers, IPollTarget &target);
@@ -62,7 +69,7 @@ private:
     int m_pollCursor = 0; ///< walks the poll map, 0 to 119; each poll reads the whole table, wherever it stands
     std::shared_ptr<SerialHelper> m_serialHelper;
     std::vector<std::shared_ptr<QueueRequest>> m_queue;
-    quint64 m_blocksQueued = 0; ///< so far
+    quint64 m_changes = 0; ///< of what the servo is to have, so far
     int m_timerId = 0;
     IPollTarget &m_target;
 };

@@ -90,6 +90,6 @@ static_assert(isTable(Fields, TableSize));
 
 } // namespace
 
-const Family DynamixelAx12Family{"DynamixelAx12", TableSize, Fields, {}};
+const Family DynamixelAx12Family{"DynamixelAx12", TableSize, Fields, {}, "torque_enable"};
 
 } // namespace model

@@ -17,14 +17,17 @@ struct Gap
 struct Family
 {
     const char *name;
-    int tableSize;      ///< bytes, from address 0
-    Rows<Field> fields; ///< by ascending address; what no field covers is a gap
-    Rows<Gap> gaps;     ///< may reach past the table
+    int tableSize;        ///< bytes, from address 0
+    Rows<Field> fields;   ///< by ascending address; what no field covers is a gap
+    Rows<Gap> gaps;       ///< may reach past the table
+    const char *motorKey; ///< of the field that switches the motor on with 1 and off with 0
 
     /** The field @p key; null when there is none. */
     const Field *field(QLatin1String key) const;
     /** The field that the register @p address belongs to; null for a gap. */
     const Field *fieldAt(int address) const;
+    /** The field that switches the motor. */
+    const Field &motorSwitch() const { return (*this)[motorKey]; }
     /** As field(), for a field that the family has for certain: asserted. */
     const Field &operator[](const char *key) const;
 };

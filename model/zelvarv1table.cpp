@@ -113,6 +113,6 @@ static_assert(isTable(Fields, TableSize));
 
 } // namespace
 
-const Family ZelvarV1Family{"ZelvarV1", TableSize, Fields, Gaps};
+const Family ZelvarV1Family{"ZelvarV1", TableSize, Fields, Gaps, "control_enable"};
 
 } // namespace model

@@ -66,12 +66,13 @@ int asked(const BusRequest &request) noexcept
  */
 // clang-format off
 constexpr BusOperation Table[] = {
-    //                        sent   waited      framing carries changes
-    // operation              times  in all      guessed data    servo   1.0: code     parameters answer    2.0: code     parameters answer
-    {Operation::Read,         1 + 2, EachAnswer, true,   false,  false, {Read,         read1,     asked},   {Read,         read2,     asked}  },
-    {Operation::Write,        1 + 5, EachAnswer, false,  true,   true,  {Write,        write1,    nothing}, {Write,        write2,    nothing}},
-    {Operation::Reboot,       1,     300ms,      false,  false,  true,  {Reboot,       empty,     nothing}, {Reboot,       empty,     nothing}},
-    {Operation::FactoryReset, 1,     300ms,      true,   false,  true,  {FactoryReset, empty,     nothing}, {FactoryReset, keepLink,  nothing}},
+    //                        sent   waited      framing carries changes to
+    // operation              times  in all      guessed data    servo   all    1.0: code     parameters answer    2.0: code     parameters answer
+    {Operation::Read,         1 + 2, EachAnswer, true,   false,  false,  false, {Read,         read1,     asked},   {Read,         read2,     asked}  },
+    {Operation::Write,        1 + 5, EachAnswer, false,  true,   true,   false, {Write,        write1,    nothing}, {Write,        write2,    nothing}},
+    {Operation::Reboot,       1,     300ms,      false,  false,  true,   false, {Reboot,       empty,     nothing}, {Reboot,       empty,     nothing}},
+    {Operation::FactoryReset, 1,     300ms,      true,   false,  true,   false, {FactoryReset, empty,     nothing}, {FactoryReset, keepLink,  nothing}},
+    {Operation::Tell,         1,     EachAnswer, false,  true,   true,   true,  {Write,        write1,    nothing}, {Write,        write2,    nothing}},
 };
 // clang-format on
 
@@ -94,7 +95,10 @@ const BusOperation &BusOperation::of(BusRequest::Operation operation)
 
 bool BusOperation::isPossible(const BusRequest &request)
 {
-    if (static_cast<std::size_t>(request.operation) >= std::size(Table) || request.id > MaximumId)
+    if (static_cast<std::size_t>(request.operation) >= std::size(Table))
+        return false;
+    const bool isForAll = request.id == BroadcastId && of(request.operation).mayGoToAll;
+    if (request.id > MaximumId && !isForAll)
         return false;
     return !of(request.operation).carriesData || (!request.data.isEmpty() && request.data.size() <= MaximumData);
 }

@@ -25,6 +25,8 @@ struct BusOperation
     bool isFramingGuessed;
     bool carriesData;  ///< whether it has data to write
     bool changesServo; ///< whether a read from before it may be out of date
+    /** Whether it may go to everybody, whom nobody answers: it is waited for as long as an answer is on the wire. */
+    bool mayGoToAll;
     Wire inProtocol1;
     Wire inProtocol2;
 
@@ -35,6 +37,7 @@ struct BusOperation
 
     /** The row of @p operation. REQUIRES: there is one. */
     static const BusOperation &of(BusRequest::Operation operation);
-    /** Whether @p request can be sent: a known operation, a single servo's id, data that both framings can carry. */
+    /** Whether @p request can be sent: a known operation, an id that it may go to, data that both framings can carry.
+     */
     static bool isPossible(const BusRequest &request);
 };

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QMetaType>
 
+#include <optional>
+
 /** What is asked of one servo. */
 struct BusRequest
 {
@@ -14,18 +16,21 @@ struct BusRequest
         Write,
         Reboot,
         FactoryReset,
+        Tell, ///< a write that does not count on an answer, and the one thing that may go to everybody
     };
 
     Operation operation = Operation::Read;
-    quint8 id = 0;      ///< servo id, at most wire::MaximumId
+    quint8 id = 0;      ///< servo id, at most wire::MaximumId; wire::BroadcastId is everybody
     quint8 address = 0; ///< first register of a read or write
     quint8 length = 0;  ///< registers to read
     QByteArray data;    ///< bytes to write, in register order; 1 to 252
+    /** What it must be framed in; nothing leaves that to what the servo answers in. */
+    std::optional<wire::Framing> framing = std::nullopt;
 
     bool operator==(const BusRequest &other) const
     {
         return operation == other.operation && id == other.id && address == other.address && length == other.length &&
-               data == other.data;
+               data == other.data && framing == other.framing;
     }
 };
 

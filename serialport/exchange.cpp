@@ -36,8 +36,8 @@ int worstStuffing(int size)
 } // namespace
 
 Exchange::Exchange(const BusRequest &request, Framing first, std::optional<Framing> known, int baudRate)
-    : m_request(request), m_operation(BusOperation::of(request.operation)), m_first(first), m_known(known),
-      m_baudRate(baudRate)
+    : m_request(request), m_operation(BusOperation::of(request.operation)), m_first(first),
+      m_known(request.framing ? request.framing : known), m_baudRate(baudRate)
 {
 }
 
@@ -128,7 +128,7 @@ Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
     const bool isLimited = m_operation.patience > Duration(0);
     if (m_stage == Stage::LastFraming && isLimited)
         return std::max(m_operation.patience - m_waited, Duration(0));
-    if (m_stage == Stage::FirstFraming && !isLimited)
+    if ((m_stage == Stage::FirstFraming || m_operation.mayGoToAll) && !isLimited)
         return answerWindow(packetSize, replySize(framing), m_baudRate);
     const int stuffing = framing == Framing::Protocol2 ? worstStuffing(dataSize(framing)) : 0;
     return patience(packetSize, replySize(framing) + stuffing, m_baudRate);

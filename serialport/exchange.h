@@ -39,7 +39,7 @@ public:
 
     /**
      * @param request what BusOperation::isPossible() holds for.
-     * @param first framing to speak first to a servo of which @p known says nothing yet.
+     * @param first framing to speak first to a servo of which neither @p request nor @p known says anything.
      * @param baudRate bits per second; greater than 0.
      */
     Exchange(const BusRequest &request, wire::Framing first, std::optional<wire::Framing> known, int baudRate);

@@ -121,6 +121,19 @@ void ServoBus::withdraw(Ticket ticket)
     m_waiting.erase(found);
 }
 
+std::vector<BusRequest> ServoBus::withdrawWaiting(const std::function<bool(const BusRequest &)> &isUnwanted)
+{
+    const auto isKept = [&](const Job &job) { return !isUnwanted(job.request); };
+    const auto firstUnwanted = std::stable_partition(m_waiting.begin(), m_waiting.end(), isKept);
+    std::vector<BusRequest> withdrawn;
+    for (auto job = firstUnwanted; job != m_waiting.end(); ++job) {
+        withdrawn.push_back(job->request);
+        endLater(std::move(*job), Outcome::Withdrawn);
+    }
+    m_waiting.erase(firstUnwanted, m_waiting.end());
+    return withdrawn;
+}
+
 bool ServoBus::reclaim(Ticket ticket)
 {
     if (!m_exchange || m_current.ticket != ticket)

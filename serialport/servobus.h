@@ -22,8 +22,9 @@ class Exchange;
  * completion and a result of its own.
  *
  * - Requests go out in the order they were made, urgent ones ahead of all others that wait.
- * - A read is sent three times at most until it is answered, a write six times, a reboot or factory reset once. Then
- *   it ends with NoAnswer, and what comes next goes out in spite of it.
+ * - A read is sent three times at most until it is answered, a write six times, a reboot, a factory reset or what is
+ *   told once. Then it ends with NoAnswer, and what comes next goes out in spite of it.
+ * - An answer counts as long as its request may be repeated, also while the line is drained for that.
  * - A servo's framing is learned from its first answer and remembered until the port is closed.
  *
  * A completion is called exactly once, and never from within request(), withdraw(), open() or close(): it comes from
@@ -87,6 +88,8 @@ public:
      * still counts, and without one it ends with Withdrawn. One that has ended stays as it is.
      */
     void withdraw(Ticket ticket);
+    /** Withdraws the requests that wait and that @p isUnwanted holds for. @return those, in their order. */
+    std::vector<BusRequest> withdrawWaiting(const std::function<bool(const BusRequest &)> &isUnwanted);
     /**
      * Takes the withdrawal of a request under way back, so that its answer can serve who asks for the same once more.
      * @return whether it can: false when it is not under way, or when something that changes a servo was asked for

@@ -19,7 +19,6 @@ constexpr std::chrono::seconds Patience{1};
 
 constexpr const char *ServoId = "id";
 constexpr const char *BaudRate = "baud_rate";
-constexpr const char *MotorSwitch = "control_enable";
 /** Registers that a servo clears by itself once it has done what they ask for. */
 constexpr const char *SelfClearing = "pending_shadow_instruction";
 
@@ -87,19 +86,32 @@ Block ApplyProof::undo() const
 std::vector<AppliedField> ApplyProof::undoable() const
 {
     std::vector<AppliedField> fields;
+    const model::Field *motor = &m_image->family().motorSwitch();
     std::copy_if(m_lastApplied.begin(), m_lastApplied.end(), std::back_inserter(fields),
-                 [](const AppliedField &field) { return !hasKey(field, MotorSwitch) || field.before == 0U; });
+                 [motor](const AppliedField &field) { return field.field != motor || field.before == 0U; });
     return fields;
 }
 
 void ApplyProof::expect(quint8 address, const QByteArray &data)
 {
-    Pending pending{++m_lastNumber, address, data, fieldsOf(*m_image, address, data), {}, false, {}};
+    Pending pending{++m_lastNumber, address, data, fieldsOf(*m_image, address, data), {}, false, {}, m_stops};
     for (const AppliedField &field : pending.fields) {
         if (field.before != field.wanted)
             pending.report.edited.push_back(field);
     }
     m_pending.push_back(std::move(pending));
+}
+
+std::vector<AppliedField> ApplyProof::takeBack(quint8 address, const QByteArray &data)
+{
+    const auto isThis = [&](const Pending &pending) { return pending.isWrite(address, data); };
+    // Of several equal ones, the one that still waits is the last.
+    const auto found = std::find_if(m_pending.rbegin(), m_pending.rend(), isThis);
+    if (found == m_pending.rend())
+        return {};
+    std::vector<AppliedField> edited = std::move(found->report.edited);
+    m_pending.erase(std::prev(found.base()));
+    return edited;
 }
 
 void ApplyProof::onWriteSent(quint8 address, const QByteArray &data)
@@ -170,6 +182,8 @@ void ApplyProof::onRead(quint64 number, quint8 servoId, const BusResult &result)
         return;
     if (isAnswered) {
         absorbSuperseded(number);
+        if (find(number)->stops != m_stops)
+            forgetMotor(*find(number));
         judge(*find(number), result.data, servoId == before);
         if (servoId == before)
             Q_EMIT read(result.data);
@@ -222,6 +236,15 @@ void ApplyProof::absorb(const AppliedField &field, Pending &later)
         again->before = field.before;
     else if (wanted != later.fields.end())
         edited.push_back({field.field, wanted->wanted, field.before, std::nullopt});
+}
+
+void ApplyProof::forgetMotor(Pending &pending) const
+{
+    const auto isMotor = [motor = &m_image->family().motorSwitch()](const AppliedField &field) {
+        return field.field == motor;
+    };
+    for (std::vector<AppliedField> *fields : {&pending.fields, &pending.report.edited})
+        fields->erase(std::remove_if(fields->begin(), fields->end(), isMotor), fields->end());
 }
 
 void ApplyProof::judge(Pending &pending, const QByteArray &registers, bool isWhereItWas) const

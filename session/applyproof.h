@@ -48,6 +48,11 @@ public:
     /** What takes the last block that was proved back, but for the motor being switched on. REQUIRES: canUndo(). */
     Block undo() const;
 
+    /** @p data, which was expected, is not going to be written any more. @return what it was to change. */
+    std::vector<AppliedField> takeBack(quint8 address, const QByteArray &data);
+    /** The motor has been stopped: what was written before is not to be found on any more, which is as it should be. */
+    void motorStopped() { ++m_stops; }
+
 public Q_SLOTS:
     /** @p data is going to be written from register @p address on. To be called before the image takes it for written.
      */
@@ -68,6 +73,7 @@ private:
         ApplyReport report;
         bool isSent = false;
         Clock::TimePoint writtenAt{}; ///< acknowledged or given up
+        int stops = 0; ///< of the motor, before it
 
         bool isWrite(quint8 writtenAddress, const QByteArray &writtenData) const
         {
@@ -83,6 +89,7 @@ private:
     bool isSuperseded(const Pending &pending) const;
     void absorbSuperseded(quint64 number);
     static void absorb(const AppliedField &field, Pending &later);
+    void forgetMotor(Pending &pending) const;
     void judge(Pending &pending, const QByteArray &registers, bool isWhereItWas) const;
     bool isHeld(const AppliedField &field, const Pending &pending, bool isWhereItWas) const;
     bool movesBaudRate() const;
@@ -96,6 +103,7 @@ private:
     std::shared_ptr<const model::RegisterImage> m_image;
     std::vector<Pending> m_pending; ///< oldest first
     quint64 m_lastNumber = 0;
+    int m_stops = 0; ///< of the motor
     std::vector<AppliedField> m_lastApplied;
 };
 

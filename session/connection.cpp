@@ -37,6 +37,7 @@ void Connection::begin(const ServoAddress &address)
 {
     stopFollowing();
     m_address = m_servoAddress = address;
+    m_family = nullptr;
     m_quality.reset();
     m_alarm->start(IdentificationPatience);
     enter(State::Identifying);

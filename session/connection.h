@@ -59,6 +59,8 @@ public:
     State state() const { return m_state; }
     /** Whether the user has asked for a connection and not ended it since, whatever has become of it. */
     bool isUp() const { return m_state != State::Disconnected; }
+    /** The connected servo's; null until it has told its model. */
+    const model::Family *family() const { return m_family; }
     /** Where the connection was made to. */
     const ServoAddress &address() const { return m_address; }
     /** Where the servo listens now, as far as it is known. */

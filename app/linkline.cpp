@@ -3,6 +3,7 @@
 #include "app/elidedlabel.h"
 
 #include <QHBoxLayout>
+#include <QToolButton>
 
 namespace {
 
@@ -18,22 +19,33 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 
 LinkLine::LinkLine(QWidget *parent)
     : QWidget(parent), m_servo(new QLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
-      m_quality(new QLabel(this))
+      m_quality(new QLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
     m_servo->setObjectName(QStringLiteral("linkServoLabel"));
     m_fault->setObjectName(QStringLiteral("linkFaultLabel"));
     m_event->setObjectName(QStringLiteral("linkEventLabel"));
     m_quality->setObjectName(QStringLiteral("linkQualityLabel"));
+    m_motor->setObjectName(QStringLiteral("linkMotorLabel"));
+    m_stop->setObjectName(QStringLiteral("stopMotorButton"));
     m_fault->setStyleSheet(QStringLiteral("color: #a00000; font-weight: bold;"));
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
-    for (QLabel *label : {m_servo, static_cast<QLabel *>(m_fault), static_cast<QLabel *>(m_event), m_quality}) {
+    for (QLabel *label :
+         {m_servo, static_cast<QLabel *>(m_fault), static_cast<QLabel *>(m_event), m_quality, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);
     }
+    m_stop->setText(tr("Stop motor (F8)"));
+    m_stop->setToolTip(tr("Switches the motor off at once. That frees the shaft: what it carries may fall."));
+    m_stop->setFocusPolicy(Qt::TabFocus);
+    m_stop->setStyleSheet(QStringLiteral("QToolButton { background: #a00000; color: white; font-weight: bold; "
+                                         "border: 2px solid #a00000; border-radius: 3px; padding: 1px 8px; } "
+                                         "QToolButton:focus, QToolButton:hover { border-color: black; } "
+                                         "QToolButton:pressed { background: #600000; }"));
+    layout->addWidget(m_stop);
 }
 
 void LinkLine::showServo(const QString &text)
@@ -49,6 +61,16 @@ void LinkLine::showFault(const QString &text, const QString &tip)
 void LinkLine::tell(const QString &text, const QString &tip)
 {
     fill(*m_event, text, tip);
+}
+
+void LinkLine::showMotor(const QString &text)
+{
+    fill(*m_motor, text, {});
+}
+
+QAbstractButton &LinkLine::stopButton() const
+{
+    return *m_stop;
 }
 
 void LinkLine::showQuality(const QString &text, const QString &tip)

@@ -3,12 +3,15 @@
 #include <QWidget>
 
 class ElidedLabel;
+class QAbstractButton;
 class QLabel;
+class QToolButton;
 
 /**
  * What the status bar does not say of the connection, at its right: which servo, what is wrong with it, what happened
- * last, and how good the link is. Empty where there is nothing to tell. Never blinks, and never takes more of the
- * status bar than it needs.
+ * last, how good the link is, and what its motor does. Empty where there is nothing to tell, but for the motor. Never
+ * blinks, and never takes more of the status bar than it needs. At its right end, away from the other controls and
+ * always at the same place, is the button that stops the motor.
  */
 class LinkLine : public QWidget
 {
@@ -25,10 +28,17 @@ public:
     void tell(const QString &text, const QString &tip = {});
     /** @param text empty while the link is good. @param tip figures. */
     void showQuality(const QString &text, const QString &tip);
+    /** What is known of the motor, for example "motor on". */
+    void showMotor(const QString &text);
+
+    /** Can be pressed at any time. */
+    QAbstractButton &stopButton() const;
 
 private:
     QLabel *m_servo;
     ElidedLabel *m_fault;
     ElidedLabel *m_event;
     QLabel *m_quality;
+    QLabel *m_motor;
+    QToolButton *m_stop;
 };

@@ -38,7 +38,8 @@ void LinkReporter::onStateChanged(State state, State before)
                "Search finds servos at other ones."));
         return;
     case State::Connected:
-        m_line.tell({});
+        if (before == State::Unanswered)
+            m_line.tell({}); // other events are still true
         return;
     case State::PortClosed:
         m_line.tell(tr("The port was closed by the Disconnect before: disconnect and connect again"));

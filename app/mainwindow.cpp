@@ -4,6 +4,7 @@
 #include "app/boxes.h"
 #include "app/linkline.h"
 #include "app/linkreporter.h"
+#include "app/motorcontrol.h"
 #include "app/polltarget.h"
 #include "app/screenfit.h"
 #include "app/scrolleddialog.h"
@@ -130,8 +131,8 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     bindConnectionMachinery();
     setLinkUp(false);
     fillToolBar();
-    fillMenus();
     addLinkLine();
+    fillMenus();
     makeConnections();
     addAction(QWhatsThis::createAction(this)); // in no menu: Shift+F1 calls it
     restoreWindow();
@@ -142,6 +143,7 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
+    m_motor.reset();
     m_reporter.reset();
     m_proof.reset();
     m_connection.reset();
@@ -191,6 +193,7 @@ void MainWindow::on_actionConnect_triggered()
     m_reporter->setPortName(port.portName);
     m_connection->begin({servoId, port.baudRate});
     m_scheduler = std::make_shared<UiScheduler>(servoId, m_serialHelper, *m_pollTarget, groups.get());
+    m_motor->setScheduler(m_scheduler);
     setLinkUp(true);
     // Last, so that everything is there when the answer comes, however soon that is.
     identify();
@@ -204,8 +207,7 @@ void MainWindow::on_actionDisconnect_triggered()
     ProcessWide<UiGroupHelper>::instance()->linkDown();
     m_registerView->disconnectDevice();
     setLinkUp(false);
-    if (m_closeTimerId != 0)
-        killTimer(m_closeTimerId);
+    stopClosingPort();
     m_closeTimerId = startTimer(CloseDelay);
     m_isPortReleased = true;
     m_ui->statusBar->showMessage(tr("Disconnected"));
@@ -295,6 +297,8 @@ void MainWindow::fillMenus()
     QAction *help = m_ui->menuHelp->menuAction();
     auto *servo = new QMenu(tr("&Servo"), this);
     servo->setObjectName(QStringLiteral("menuServo"));
+    m_motor->addTo(*servo);
+    servo->addSeparator();
     m_undo = servo->addAction(tr("&Undo the last Apply"), this, &MainWindow::undoLastApply);
     m_undo->setObjectName(QStringLiteral("actionUndo"));
     servo->addSeparator();
@@ -316,6 +320,15 @@ void MainWindow::addLinkLine()
     m_linkLine = new LinkLine(this);
     m_ui->statusBar->addPermanentWidget(m_linkLine);
     m_reporter = std::make_unique<LinkReporter>(*this, *m_ui->tabWidget, *m_connection, *m_proof, *m_linkLine);
+    const MotorControl::Port port{[this] {
+                                      stopClosingPort();
+                                      return openStoredPort();
+                                  },
+                                  [this] { m_serialHelper->closeSerialPort(); },
+                                  [this] { return static_cast<quint8>(m_idSpinBox->value()); }};
+    m_motor = std::make_unique<MotorControl>(
+        *this, *m_ui->tabWidget, *m_linkLine,
+        MotorControl::Link{*m_connection, *m_proof, *m_serialHelper->bus(), *m_registerHelper}, port);
 }
 
 void MainWindow::makeConnections()
@@ -335,6 +348,7 @@ void MainWindow::makeConnections()
     UiGroupHelper &groups = *ProcessWide<UiGroupHelper>::instance();
     connect(&groups, &UiGroupHelper::addQueueRequest, m_proof.get(), &session::ApplyProof::expect);
     groups.expectProofs();
+    connect(m_motor.get(), &MotorControl::read, this, &MainWindow::onProofRead);
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
@@ -356,14 +370,26 @@ void MainWindow::restoreWindow()
 /** Opens the port that the settings name; tells the user when it cannot be opened. */
 bool MainWindow::openPort()
 {
+    const QString error = openStoredPort();
+    if (!error.isEmpty())
+        boxes::show(this, QMessageBox::Critical, tr("Error"), error);
+    return error.isEmpty();
+}
+
+/** @return an empty text, or why the port that the settings name cannot be opened. */
+QString MainWindow::openStoredPort()
+{
     const auto port = m_settingsDialog->portSettings();
     const QString error = m_serialHelper->openSerialPort(port.portName, port.baudRate);
-    if (error.isEmpty()) {
+    if (error.isEmpty())
         m_isPortReleased = false;
-        return true;
-    }
-    boxes::show(this, QMessageBox::Critical, tr("Error"), error);
-    return false;
+    return error;
+}
+
+void MainWindow::stopClosingPort()
+{
+    if (m_closeTimerId != 0)
+        killTimer(std::exchange(m_closeTimerId, 0));
 }
 
 void MainWindow::identify()

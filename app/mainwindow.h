@@ -6,6 +6,7 @@
 
 class LinkLine;
 class LinkReporter;
+class MotorControl;
 class PollTarget;
 class QAction;
 class QLabel;
@@ -72,6 +73,8 @@ private:
     void makeConnections();
     void restoreWindow();
     bool openPort();
+    QString openStoredPort();
+    void stopClosingPort();
     void onDeviceLoaded();
     void identify();
     void onProofRead(const QByteArray &registers);
@@ -105,6 +108,7 @@ private:
     std::unique_ptr<session::ApplyProof> m_proof;
     LinkLine *m_linkLine = nullptr; ///< a child
     std::unique_ptr<LinkReporter> m_reporter;
+    std::unique_ptr<MotorControl> m_motor;
     QAction *m_undo = nullptr;    ///< a child
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user

@@ -569,6 +569,17 @@
     </message>
 </context>
 <context>
+    <name>LinkLine</name>
+    <message>
+        <source>Stop motor (F8)</source>
+        <translation>Motor anhalten (F8)</translation>
+    </message>
+    <message>
+        <source>Switches the motor off at once. That frees the shaft: what it carries may fall.</source>
+        <translation>Schaltet den Motor sofort aus. Das gibt die Welle frei: Was sie trägt, kann fallen.</translation>
+    </message>
+</context>
+<context>
     <name>LinkReporter</name>
     <message>
         <source>servo %1 · %2 baud · %3</source>
@@ -788,6 +799,125 @@
     <message>
         <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
         <translation>Servo %1 hat bei %2 Baud an %3 nicht geantwortet. Prüfen Sie seine Versorgung, das Kabel, seine Adresse und seine Baudrate; die Suche findet Servos bei anderen.</translation>
+    </message>
+</context>
+<context>
+    <name>MotorControl</name>
+    <message>
+        <source>In the mode Torque the servo has no position to hold.</source>
+        <translation>In der Betriebsart Drehmoment hat der Servo keine Position, die er halten könnte.</translation>
+    </message>
+    <message>
+        <source>In the mode Stepper a target is a distance to go, and no position to hold.</source>
+        <translation>In der Betriebsart Schrittmotor ist ein Ziel eine Strecke und keine Position, die gehalten werden könnte.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;motor</source>
+        <translation>&amp;Motor anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Hold here</source>
+        <translation>&amp;Hier halten</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all on this bus</source>
+        <translation>&amp;Alle an diesem Bus anhalten</translation>
+    </message>
+    <message>
+        <source>Tells every servo on the bus, of both families, to switch its motor off. That frees all shafts. Only the connected servo&apos;s stop is proved.</source>
+        <translation>Weist jeden Servo am Bus, gleich welcher Familie, an, seinen Motor auszuschalten. Das gibt alle Wellen frei. Nur für den verbundenen Servo wird der Halt nachgewiesen.</translation>
+    </message>
+    <message>
+        <source>not applied, since the motor was stopped: %1</source>
+        <translation>nicht angewendet, da der Motor angehalten wurde: %1</translation>
+    </message>
+    <message>
+        <source>motor stopped</source>
+        <translation>Motor angehalten</translation>
+    </message>
+    <message>
+        <source>motor stopped; the others on the bus were told, which proves nothing</source>
+        <translation>Motor angehalten; die anderen am Bus wurden angewiesen, was nichts beweist</translation>
+    </message>
+    <message>
+        <source>The servo was read after the stop: its motor is off.</source>
+        <translation>Der Servo wurde danach gelesen: Sein Motor ist aus.</translation>
+    </message>
+    <message>
+        <source>It is told to stop again and again until Disconnect.</source>
+        <translation>Er wird immer wieder angewiesen anzuhalten, bis Sie die Verbindung trennen.</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;The motor may still be on: cut its supply.&lt;/h3&gt;&lt;p&gt;No answer of the servo has shown that its motor is off.&lt;/p&gt;&lt;p&gt;%1&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Der Motor ist vielleicht noch an: Trennen Sie ihn von der Versorgung.&lt;/h3&gt;&lt;p&gt;Keine Antwort des Servos hat gezeigt, dass sein Motor aus ist.&lt;/p&gt;&lt;p&gt;%1&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>stop not proved: the motor may still be on</source>
+        <translation>Halt nicht nachgewiesen: Der Motor ist vielleicht noch an</translation>
+    </message>
+    <message>
+        <source>The motor may still be on</source>
+        <translation>Der Motor ist vielleicht noch an</translation>
+    </message>
+    <message>
+        <source>the motor may still be on</source>
+        <translation>der Motor ist vielleicht noch an</translation>
+    </message>
+    <message>
+        <source>stopping the motor</source>
+        <translation>Motor wird angehalten</translation>
+    </message>
+    <message>
+        <source>the motor was left on</source>
+        <translation>der Motor blieb an</translation>
+    </message>
+    <message>
+        <source>the motor was left off</source>
+        <translation>der Motor blieb aus</translation>
+    </message>
+    <message>
+        <source>motor on</source>
+        <translation>Motor an</translation>
+    </message>
+    <message>
+        <source>motor off</source>
+        <translation>Motor aus</translation>
+    </message>
+    <message>
+        <source>motor not known</source>
+        <translation>Motor unbekannt</translation>
+    </message>
+    <message>
+        <source>Connect to a servo first.</source>
+        <translation>Verbinden Sie zuerst einen Servo.</translation>
+    </message>
+    <message>
+        <source>Only servos of the Zelvar family can be held.</source>
+        <translation>Nur Servos der Zelvar-Familie können gehalten werden.</translation>
+    </message>
+    <message>
+        <source>The servo&apos;s operating mode is not known.</source>
+        <translation>Die Betriebsart des Servos ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Makes the place where the servo is its target, or its target velocity 0. The motor stays on, and nothing falls.</source>
+        <translation>Macht den Ort, an dem der Servo ist, zu seinem Ziel oder seine Zielgeschwindigkeit zu 0. Der Motor bleibt an, und nichts fällt.</translation>
+    </message>
+    <message>
+        <source>not applied, since the servo was to hold: %1</source>
+        <translation>nicht angewendet, da der Servo halten sollte: %1</translation>
+    </message>
+    <message>
+        <source>not held: the servo did not tell where it is</source>
+        <translation>nicht gehalten: Der Servo hat nicht gesagt, wo er ist</translation>
+    </message>
+    <message>
+        <source>not held: the servo did not take it</source>
+        <translation>nicht gehalten: Der Servo hat es nicht angenommen</translation>
+    </message>
+    <message>
+        <source>holding: %1</source>
+        <translation>hält: %1</translation>
     </message>
 </context>
 <context>
@@ -1171,6 +1301,17 @@
     <message>
         <source>Product Identifier: %1</source>
         <translation>Produkt-ID: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchOnMark</name>
+    <message>
+        <source>&amp;Set the target to the position first</source>
+        <translation>Das Ziel zuerst auf die Position &amp;setzen</translation>
+    </message>
+    <message>
+        <source>The servo will move by %1 as soon as this is applied.</source>
+        <translation>Der Servo bewegt sich um %1, sobald dies angewendet wird.</translation>
     </message>
 </context>
 <context>

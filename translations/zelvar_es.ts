@@ -569,6 +569,17 @@
     </message>
 </context>
 <context>
+    <name>LinkLine</name>
+    <message>
+        <source>Stop motor (F8)</source>
+        <translation>Parar el motor (F8)</translation>
+    </message>
+    <message>
+        <source>Switches the motor off at once. That frees the shaft: what it carries may fall.</source>
+        <translation>Apaga el motor de inmediato. Eso libera el eje: lo que sostiene puede caer.</translation>
+    </message>
+</context>
+<context>
     <name>LinkReporter</name>
     <message>
         <source>servo %1 · %2 baud · %3</source>
@@ -788,6 +799,125 @@
     <message>
         <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
         <translation>El servo %1 no respondió a %2 baudios en %3. Compruebe su alimentación, el cable, su dirección y su velocidad; la búsqueda encuentra servos con otras.</translation>
+    </message>
+</context>
+<context>
+    <name>MotorControl</name>
+    <message>
+        <source>In the mode Torque the servo has no position to hold.</source>
+        <translation>En el modo Par, el servo no tiene ninguna posición que mantener.</translation>
+    </message>
+    <message>
+        <source>In the mode Stepper a target is a distance to go, and no position to hold.</source>
+        <translation>En el modo Paso a paso, un objetivo es una distancia y no una posición que mantener.</translation>
+    </message>
+    <message>
+        <source>Stop &amp;motor</source>
+        <translation>Parar el &amp;motor</translation>
+    </message>
+    <message>
+        <source>&amp;Hold here</source>
+        <translation>&amp;Mantener aquí</translation>
+    </message>
+    <message>
+        <source>Stop &amp;all on this bus</source>
+        <translation>Parar &amp;todos en este bus</translation>
+    </message>
+    <message>
+        <source>Tells every servo on the bus, of both families, to switch its motor off. That frees all shafts. Only the connected servo&apos;s stop is proved.</source>
+        <translation>Ordena a todos los servos del bus, de ambas familias, que apaguen su motor. Eso libera todos los ejes. Solo se comprueba la parada del servo conectado.</translation>
+    </message>
+    <message>
+        <source>not applied, since the motor was stopped: %1</source>
+        <translation>no aplicado, porque se paró el motor: %1</translation>
+    </message>
+    <message>
+        <source>motor stopped</source>
+        <translation>motor parado</translation>
+    </message>
+    <message>
+        <source>motor stopped; the others on the bus were told, which proves nothing</source>
+        <translation>motor parado; los demás del bus recibieron la orden, lo que no prueba nada</translation>
+    </message>
+    <message>
+        <source>The servo was read after the stop: its motor is off.</source>
+        <translation>Se leyó el servo después de la parada: su motor está apagado.</translation>
+    </message>
+    <message>
+        <source>It is told to stop again and again until Disconnect.</source>
+        <translation>Se le ordena parar una y otra vez hasta que usted desconecte.</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;The motor may still be on: cut its supply.&lt;/h3&gt;&lt;p&gt;No answer of the servo has shown that its motor is off.&lt;/p&gt;&lt;p&gt;%1&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;El motor puede seguir encendido: corte su alimentación.&lt;/h3&gt;&lt;p&gt;Ninguna respuesta del servo ha mostrado que su motor esté apagado.&lt;/p&gt;&lt;p&gt;%1&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>stop not proved: the motor may still be on</source>
+        <translation>parada no comprobada: el motor puede seguir encendido</translation>
+    </message>
+    <message>
+        <source>The motor may still be on</source>
+        <translation>El motor puede seguir encendido</translation>
+    </message>
+    <message>
+        <source>the motor may still be on</source>
+        <translation>el motor puede seguir encendido</translation>
+    </message>
+    <message>
+        <source>stopping the motor</source>
+        <translation>parando el motor</translation>
+    </message>
+    <message>
+        <source>the motor was left on</source>
+        <translation>el motor se quedó encendido</translation>
+    </message>
+    <message>
+        <source>the motor was left off</source>
+        <translation>el motor se quedó apagado</translation>
+    </message>
+    <message>
+        <source>motor on</source>
+        <translation>motor encendido</translation>
+    </message>
+    <message>
+        <source>motor off</source>
+        <translation>motor apagado</translation>
+    </message>
+    <message>
+        <source>motor not known</source>
+        <translation>motor desconocido</translation>
+    </message>
+    <message>
+        <source>Connect to a servo first.</source>
+        <translation>Conecte primero un servo.</translation>
+    </message>
+    <message>
+        <source>Only servos of the Zelvar family can be held.</source>
+        <translation>Solo se pueden mantener los servos de la familia Zelvar.</translation>
+    </message>
+    <message>
+        <source>The servo&apos;s operating mode is not known.</source>
+        <translation>No se conoce el modo de operación del servo.</translation>
+    </message>
+    <message>
+        <source>Makes the place where the servo is its target, or its target velocity 0. The motor stays on, and nothing falls.</source>
+        <translation>Convierte el lugar donde está el servo en su objetivo, o su velocidad objetivo en 0. El motor sigue encendido y nada cae.</translation>
+    </message>
+    <message>
+        <source>not applied, since the servo was to hold: %1</source>
+        <translation>no aplicado, porque el servo debía mantenerse: %1</translation>
+    </message>
+    <message>
+        <source>not held: the servo did not tell where it is</source>
+        <translation>no mantenido: el servo no dijo dónde está</translation>
+    </message>
+    <message>
+        <source>not held: the servo did not take it</source>
+        <translation>no mantenido: el servo no lo aceptó</translation>
+    </message>
+    <message>
+        <source>holding: %1</source>
+        <translation>manteniendo: %1</translation>
     </message>
 </context>
 <context>
@@ -1171,6 +1301,17 @@
     <message>
         <source>Product Identifier: %1</source>
         <translation>ID de producto: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SwitchOnMark</name>
+    <message>
+        <source>&amp;Set the target to the position first</source>
+        <translation>&amp;Poner antes el objetivo en la posición</translation>
+    </message>
+    <message>
+        <source>The servo will move by %1 as soon as this is applied.</source>
+        <translation>El servo se moverá %1 en cuanto esto se aplique.</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include "widgets/fieldtooltip.h"
 #include "widgets/limitpairs.h"
 #include "widgets/modelnotice.h"
+#include "widgets/switchonmark.h"
 #include "widgets/uigrouphelper.h"
 
 #include <QApplication>
@@ -82,6 +83,7 @@ EditView::EditView(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui:
     m_ui->verticalLayout->insertWidget(0, notice);
     explainStatuses(*this);
     connect(qApp, &QApplication::focusChanged, this, &EditView::scrollTo);
+    new SwitchOnMark(*this); // a child of the group
 }
 
 EditView::~EditView()

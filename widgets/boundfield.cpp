@@ -176,6 +176,12 @@ void BoundField::setValue(int raw)
         setEditable(true);
 }
 
+void BoundField::overrule(int raw)
+{
+    markDirty(false);
+    setValue(raw);
+}
+
 void BoundField::applyDependency()
 {
     if (m_limits && m_limits->controller)

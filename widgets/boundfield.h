@@ -51,6 +51,8 @@ public:
      * applied is not proved yet.
      */
     void setValue(int raw) override;
+    /** Shows @p raw as the servo's value, also in place of what the user has entered. */
+    void overrule(int raw);
     void applyDependency() override;
 
     /** Marks the field and tells in its tip what is wrong with what it shows; empty when nothing is any more. */

@@ -207,6 +207,15 @@ void UiGroupHelper::setServoReachable(bool reachable)
     refreshInhibition();
 }
 
+void UiGroupHelper::motorStopped()
+{
+    const ZelvarParametersGroupBox *volatileGroup = group("volatileParamsGroupBox");
+    if (!volatileGroup || !volatileGroup->editMode())
+        return; // the next values tell
+    if (auto *enableMotor = volatileGroup->findChild<ZelvarCheckBox *>(QStringLiteral("enableMotorCheckBox")))
+        enableMotor->overrule(0);
+}
+
 void UiGroupHelper::refreshInhibition()
 {
     const QString unreachable =

@@ -46,6 +46,8 @@ public Q_SLOTS:
     void endPending();
     /** While the servo listens elsewhere than it is asked, nothing can be edited or applied: it would be lost. */
     void setServoReachable(bool reachable);
+    /** The motor has been told to stop: an edit that is open would switch it on again only if its user says so anew. */
+    void motorStopped();
 
 private Q_SLOTS:
     void on_editSaveToolButton_toggled(bool checked);

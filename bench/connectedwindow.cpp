@@ -7,8 +7,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QTimerEvent>
+
+#include <thread>
 
 /** Holds the scheduler's own ticks back, so that it polls only when it is told to. */
 class ConnectedWindow::TickGate : public QObject
@@ -78,6 +81,22 @@ double ConnectedWindow::poll(const QByteArray &table)
     paintAll();
     const double used = threadTime() - begin;
     QObject::disconnect(connection);
+    return used;
+}
+
+double ConnectedWindow::stopMotor()
+{
+    const double before = m_servo.writtenAt();
+    const int polls = m_servo.pollCount();
+    const double begin = wallTime();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F8, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &press);
+    while (m_servo.writtenAt() <= before) // it has been handed over: nothing else is needed for it to arrive
+        std::this_thread::yield();
+    const double used = m_servo.writtenAt() - begin;
+    while (m_servo.pollCount() == polls) // which the program makes when the stop is proved
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    paintAll();
     return used;
 }
 

@@ -24,6 +24,8 @@ public:
 
     /** Polls @p table and shows it. @return microseconds of this thread from the tick until all is painted. */
     double poll(const QByteArray &table);
+    /** Presses the key that stops the motor. @return microseconds from there until the servo has been told. */
+    double stopMotor();
 
 private:
     class TickGate;

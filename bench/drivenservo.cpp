@@ -1,5 +1,6 @@
 #include "bench/drivenservo.h"
 
+#include "bench/measuring.h"
 #include "serialport/protocol2.h"
 #include "settings/settings.h"
 
@@ -30,6 +31,8 @@ void DrivenServo::show(const QByteArray &table)
 
 QByteArray DrivenServo::answer(const wire::Packet &request)
 {
+    if (request.instruction == wire::Write)
+        m_writtenAt = wallTime();
     if (request.framing != wire::Framing::Protocol2 || request.instruction != wire::Read ||
         request.parameters.size() != ReadParameterSize)
         return {};

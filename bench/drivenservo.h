@@ -23,12 +23,15 @@ public:
     void show(const QByteArray &table);
     /** Reads of the whole table answered so far. */
     int pollCount() const { return m_pollCount; }
+    /** When the latest write arrived, as wallTime(); 0 before the first one. */
+    double writtenAt() const { return m_writtenAt; }
 
 private:
     QByteArray answer(const wire::Packet &request);
 
     const Changing m_changing;
     std::atomic<int> m_pollCount{0};
+    std::atomic<double> m_writtenAt{0.0};
     std::mutex m_mutex;
     RegisterValues m_values; ///< guarded by m_mutex, as is m_table
     QByteArray m_table;

@@ -6,6 +6,7 @@
 #include "bench/linkrows.h"
 #include "bench/processrows.h"
 #include "bench/scanrow.h"
+#include "bench/stoprow.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -34,6 +35,7 @@ constexpr Measurement Measurements[] = {
     {"start",     startTime          },
     {"live",      liveProgram        },
     {"scan",      silentScan         },
+    {"stop",      keyToWire          },
     {"codec",     codecTime          },
 };
 // clang-format on

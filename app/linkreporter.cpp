@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/linkline.h"
+#include "model/families.h"
 #include "session/applyproof.h"
 #include "widgets/fieldtooltip.h"
 
@@ -10,6 +11,20 @@
 
 using session::State;
 using Verdict = session::ApplyReport::Verdict;
+
+namespace {
+
+/** The status box of the own family that has the remedy for @p flag, which other families report, too. */
+QString controlOf(const model::Flag &flag)
+{
+    for (const model::Flag &own : model::ZelvarV1Family["hardware_error_status"].flags) {
+        if (qstrcmp(own.key, flag.key) == 0)
+            return QLatin1String(own.control);
+    }
+    return qstrcmp(flag.key, "overload_error") == 0 ? QStringLiteral("overloadStatusCheckBox") : QString();
+}
+
+} // namespace
 
 LinkReporter::LinkReporter(QWidget &window, const QWidget &view, const session::Connection &connection,
                            const session::ApplyProof &proof, LinkLine &line)
@@ -58,18 +73,25 @@ void LinkReporter::onStateChanged(State state, State before)
     }
 }
 
+/** The bits of @p field that stand for errors which the servo reports now; an AX-12 does so in its answers. */
+quint32 LinkReporter::reportedBits(const model::RegisterImage &image, const model::Field &field) const
+{
+    if (!field.isWritable() && !field.flags.isEmpty())
+        return image.bits(field).value_or(0);
+    return qstrcmp(field.key, "alarm_led") == 0 ? m_connection.reportedAlarms() : 0;
+}
+
 void LinkReporter::onPolled(const model::RegisterImage &image)
 {
     QStringList faults;
     QStringList tips;
     for (const model::Field &field : image.family().fields) {
-        const bool isReported = !field.isWritable() && !field.flags.isEmpty();
-        const quint32 bits = isReported ? image.bits(field).value_or(0) : 0;
+        const quint32 bits = reportedBits(image, field);
         for (const model::Flag &flag : field.flags) {
             if (!(bits & (1U << flag.bit)))
                 continue;
             faults.append(QCoreApplication::translate("EditView", flag.label));
-            tips.append(faults.last() + QLatin1String(": ") + FieldToolTip::remarkText(QLatin1String(flag.control)));
+            tips.append(faults.last() + QLatin1String(": ") + FieldToolTip::remarkText(controlOf(flag)));
         }
     }
     m_line.showFault(faults.join(QLatin1String(", ")), tips.join(QLatin1Char('\n')));

@@ -34,6 +34,7 @@ public:
 private:
     void onStateChanged(session::State state, session::State before);
     void onPolled(const model::RegisterImage &image);
+    quint32 reportedBits(const model::RegisterImage &image, const model::Field &field) const;
     void onQualityChanged();
     void onReported(const session::ApplyReport &report);
     void tellNotApplied(const session::ApplyReport &report);

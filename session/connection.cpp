@@ -117,6 +117,10 @@ void Connection::onRequestFinished(const BusRequest &request, const BusResult &r
 void Connection::onPollEnded(const BusResult &result)
 {
     m_quality.add(result, m_clock.now());
+    constexpr quint8 HardwareBits =
+        wire::VoltageErrorBit | wire::AngleLimitErrorBit | wire::OverheatingErrorBit | wire::OverloadErrorBit;
+    const bool isFirstFraming = !result.answer.raw.isEmpty() && result.answer.framing == wire::Framing::Protocol1;
+    m_reportedAlarms = isFirstFraming ? result.answer.instruction & HardwareBits : 0;
     Q_EMIT qualityChanged();
     if (result.outcome != BusResult::Outcome::Refused)
         return;

@@ -75,6 +75,8 @@ public:
     /** The user has ended the connection, or the port is lost. */
     void end();
 
+    /** Hardware errors that the servo reports in its answers and in no register: bits of the family's alarms. */
+    quint8 reportedAlarms() const { return m_reportedAlarms; }
     /** How well the polls get through. */
     const LinkQuality &quality() const { return m_quality; }
 
@@ -108,6 +110,7 @@ private:
     const model::Family *m_family = nullptr;
     QPointer<UiScheduler> m_scheduler;
     LinkQuality m_quality;
+    quint8 m_reportedAlarms = 0;
     std::chrono::milliseconds m_patience{0};
     Clock &m_clock;
     std::unique_ptr<Clock::Alarm> m_alarm; ///< of an answer that is missing

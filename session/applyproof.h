@@ -73,7 +73,7 @@ private:
         ApplyReport report;
         bool isSent = false;
         Clock::TimePoint writtenAt{}; ///< acknowledged or given up
-        int stops = 0; ///< of the motor, before it
+        int stops = 0;                ///< of the motor, before it
 
         bool isWrite(quint8 writtenAddress, const QByteArray &writtenData) const
         {

@@ -76,6 +76,7 @@ MotorControl::MotorControl(QWidget &window, const QWidget &view, LinkLine &line,
     connect(&m_stop, &session::MotorStop::proved, this, &MotorControl::onProved);
     connect(&m_stop, &session::MotorStop::overdue, this, &MotorControl::onOverdue);
     connect(&link.connection, &session::Connection::polled, this, &MotorControl::onPolled);
+    connect(&link.proof, &session::ApplyProof::read, this, &MotorControl::onProofRead);
     connect(&link.connection, &session::Connection::stateChanged, this, &MotorControl::onStateChanged);
     // Once it is queued: what would switch the motor on is not sent before the stop is proved.
     const auto onQueued = [this] {
@@ -268,6 +269,14 @@ void MotorControl::onPolled(const model::RegisterImage &image)
     if (!m_stop.isRunning())
         setMotor(!bits ? Motor::Unknown : *bits == 0 ? Motor::Off : Motor::On);
     refreshHold();
+}
+
+/** What a proof has read is newer than the latest poll, which may be seconds old. */
+void MotorControl::onProofRead(const QByteArray &registers)
+{
+    model::RegisterImage image(m_link.connection.family());
+    image.take(0, registers, {});
+    onPolled(image);
 }
 
 void MotorControl::onStateChanged(State state)

@@ -88,6 +88,7 @@ private:
     void onOverdue();
     void tellMayBeOn(const QString &more);
     void onPolled(const model::RegisterImage &image);
+    void onProofRead(const QByteArray &registers);
     void onStateChanged(session::State state);
     void setMotor(Motor motor);
     void showMotor();

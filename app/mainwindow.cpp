@@ -380,7 +380,7 @@ bool MainWindow::openPort()
 QString MainWindow::openStoredPort()
 {
     const auto port = m_settingsDialog->portSettings();
-    const QString error = m_serialHelper->openSerialPort(port.portName, port.baudRate);
+    QString error = m_serialHelper->openSerialPort(port.portName, port.baudRate);
     if (error.isEmpty())
         m_isPortReleased = false;
     return error;

@@ -18,7 +18,7 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 } // namespace
 
 LinkLine::LinkLine(QWidget *parent)
-    : QWidget(parent), m_servo(new QLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
+    : QWidget(parent), m_servo(new ElidedLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
       m_quality(new QLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
@@ -32,8 +32,9 @@ LinkLine::LinkLine(QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
-    for (QLabel *label :
-         {m_servo, static_cast<QLabel *>(m_fault), static_cast<QLabel *>(m_event), m_quality, m_motor}) {
+    layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
+    for (QLabel *label : {static_cast<QLabel *>(m_servo), static_cast<QLabel *>(m_fault),
+                          static_cast<QLabel *>(m_event), m_quality, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);

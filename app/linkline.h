@@ -35,7 +35,7 @@ public:
     QAbstractButton &stopButton() const;
 
 private:
-    QLabel *m_servo;
+    ElidedLabel *m_servo;
     ElidedLabel *m_fault;
     ElidedLabel *m_event;
     QLabel *m_quality;

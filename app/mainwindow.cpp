@@ -35,6 +35,7 @@
 #include <QPixmapCache>
 #include <QPointer>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTimerEvent>
 #include <QToolButton>
 #include <QWhatsThis>
@@ -161,8 +162,19 @@ void MainWindow::closeEvent(QCloseEvent *event)
     QMainWindow::closeEvent(event);
 }
 
+/** Leaves the status bar's own message, at the left, the place that it needs. */
+void MainWindow::fitLinkLine()
+{
+    const QStatusBar &bar = *m_ui->statusBar;
+    const int message = bar.fontMetrics().horizontalAdvance(bar.currentMessage());
+    const int margins = 4 * bar.fontMetrics().averageCharWidth();
+    m_linkLine->setMaximumWidth(qMax(bar.width() - message - margins, m_linkLine->minimumSizeHint().width()));
+}
+
 bool MainWindow::event(QEvent *event)
 {
+    if (event->type() == QEvent::Resize && m_linkLine)
+        fitLinkLine();
     // The status bar tells the state of the connection, which a pointer on its way over the actions must not wipe out.
     if (event->type() == QEvent::StatusTip)
         return true;
@@ -319,6 +331,7 @@ void MainWindow::addLinkLine()
 {
     m_linkLine = new LinkLine(this);
     m_ui->statusBar->addPermanentWidget(m_linkLine);
+    connect(m_ui->statusBar, &QStatusBar::messageChanged, this, &MainWindow::fitLinkLine);
     m_reporter = std::make_unique<LinkReporter>(*this, *m_ui->tabWidget, *m_connection, *m_proof, *m_linkLine);
     const MotorControl::Port port{[this] {
                                       stopClosingPort();

@@ -70,6 +70,7 @@ private:
     void fillToolBar();
     void fillMenus();
     void addLinkLine();
+    void fitLinkLine();
     void makeConnections();
     void restoreWindow();
     bool openPort();

@@ -8,8 +8,11 @@
 #include "model/rawscale.h"
 #include "model/registerimage.h"
 #include "widgets/followeddevice.h"
+#include "widgets/zelvarunitlabel.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QLabel>
 #include <QLocale>
 #include <QStringList>
 
@@ -74,15 +77,28 @@ QString partText(const QWidget &view, const FieldBinding &binding, quint32 bits)
     return numberText(binding, shown);
 }
 
-QString caption(const model::Field &field)
+/** What the form calls @p control, without its unit; empty where it does not say. */
+QString formCaption(const QWidget &view, const QWidget &control)
 {
-    return ZelvarV1::fieldLabel(field);
+    if (!control.accessibleName().isEmpty())
+        return control.accessibleName();
+    if (const auto *button = qobject_cast<const QAbstractButton *>(&control))
+        return button->text();
+    for (const QLabel *label : view.findChildren<QLabel *>()) {
+        if (label->buddy() != &control)
+            continue;
+        const auto *unitLabel = qobject_cast<const ZelvarUnitLabel *>(label);
+        return unitLabel ? unitLabel->caption() : label->text();
+    }
+    return {};
 }
 
 } // namespace
 
 QString ApplyText::applied(const session::ApplyReport &report) const
 {
+    if (report.edited.empty())
+        return tr("applied: the servo had these values already");
     if (report.edited.size() == 1) {
         const session::AppliedField &field = report.edited.front();
         return tr("applied: %1 %2").arg(caption(*field.field), value(*field.field, field.wanted));
@@ -104,7 +120,8 @@ QString ApplyText::notApplied(const session::ApplyReport &report) const
     QString rows;
     for (const session::AppliedField &field : told)
         rows += row(field);
-    return QStringLiteral("<table cellspacing=\"6\"><tr><th align=\"left\">%1</th><th align=\"left\">%2</th>"
+    return QStringLiteral("<table cellspacing=\"6\" style=\"white-space: nowrap\"><tr><th align=\"left\">%1</th><th "
+                          "align=\"left\">%2</th>"
                           "<th align=\"left\">%3</th></tr>%4</table><p>%5</p>")
         .arg(tr("Field"), tr("Wanted"), tr("The servo has"), rows, reason(report).toHtmlEscaped());
 }
@@ -115,6 +132,23 @@ QString ApplyText::dropped(const session::ApplyReport &report) const
         report.edited.size() == 1 ? caption(*report.edited.front().field) : tr("%1 values").arg(report.edited.size());
     return report.verdict == Verdict::Dropped ? tr("not sent before the connection ended: %1").arg(what)
                                               : tr("not read back before the connection ended: %1").arg(what);
+}
+
+QString ApplyText::droppedEdit(const QStringList &controls) const
+{
+    const QString what = controls.size() == 1 ? captions(controls) : tr("%1 values").arg(controls.size());
+    return tr("changed and not applied before the connection ended: %1").arg(what);
+}
+
+QString ApplyText::captions(const QStringList &controls) const
+{
+    QStringList captions;
+    for (const QString &control : controls) {
+        if (const FieldBinding *binding = fieldBinding(control))
+            captions.append(caption(*binding->field));
+    }
+    captions.removeDuplicates(); // a value and its direction are one field
+    return captions.join(QLatin1Char('\n'));
 }
 
 QString ApplyText::value(const model::Field &field, quint32 bits) const
@@ -133,6 +167,18 @@ QString ApplyText::refusal(quint8 errorByte)
             return tr(row.text);
     }
     return tr("error number %1, which the servo's family does not have").arg(number);
+}
+
+/** As the form has it, where its user knows it from; a field without a control is called as its registers are. */
+QString ApplyText::caption(const model::Field &field) const
+{
+    const auto bindings = fieldBindings(field);
+    const auto *control =
+        bindings.isEmpty() ? nullptr : m_view.findChild<QWidget *>(QLatin1String(bindings.begin()->control));
+    QString caption = control ? formCaption(m_view, *control).trimmed() : QString();
+    if (caption.endsWith(QLatin1Char(':')))
+        caption.chop(1);
+    return caption.isEmpty() ? ZelvarV1::fieldLabel(field) : caption;
 }
 
 QString ApplyText::reason(const session::ApplyReport &report) const

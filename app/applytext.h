@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -24,6 +25,10 @@ public:
     QString notApplied(const session::ApplyReport &report) const;
     /** For a block that was never sent, or not read back. */
     QString dropped(const session::ApplyReport &report) const;
+    /** For an edit that a connection has ended with. @param controls object names of the changed fields. */
+    QString droppedEdit(const QStringList &controls) const;
+    /** What the fields of @p controls are called, one a line. */
+    QString captions(const QStringList &controls) const;
 
     /** What @p bits in the registers of @p field mean, for example "2.499 radians" or "Joint". */
     QString value(const model::Field &field, quint32 bits) const;
@@ -31,6 +36,7 @@ public:
     static QString refusal(quint8 errorByte);
 
 private:
+    QString caption(const model::Field &field) const;
     QString reason(const session::ApplyReport &report) const;
     QString row(const session::AppliedField &field) const;
 

@@ -25,7 +25,7 @@ QSize ElidedLabel::sizeHint() const
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    return {QFontMetrics(font()).averageCharWidth() * 4, sizeHint().height()};
+    return {0, sizeHint().height()}; // what is more important takes all of the place if it must
 }
 
 void ElidedLabel::paintEvent(QPaintEvent *)

@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
+#include <initializer_list>
+
 namespace {
 
 void fill(QLabel &label, const QString &text, const QString &tip)
@@ -19,7 +21,8 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 
 LinkLine::LinkLine(QWidget *parent)
     : QWidget(parent), m_servo(new ElidedLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
-      m_quality(new QLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this))
+      m_quality(new ElidedLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this)),
+      m_help(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
     m_servo->setObjectName(QStringLiteral("linkServoLabel"));
@@ -33,8 +36,7 @@ LinkLine::LinkLine(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
     layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
-    for (QLabel *label : {static_cast<QLabel *>(m_servo), static_cast<QLabel *>(m_fault),
-                          static_cast<QLabel *>(m_event), m_quality, m_motor}) {
+    for (QLabel *label : std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);
@@ -47,6 +49,15 @@ LinkLine::LinkLine(QWidget *parent)
                                          "QToolButton:focus, QToolButton:hover { border-color: black; } "
                                          "QToolButton:pressed { background: #600000; }"));
     layout->addWidget(m_stop);
+
+    m_help->setObjectName(QStringLiteral("guideButton"));
+    m_help->setText(QStringLiteral("?"));
+    m_help->setAccessibleName(tr("User guide"));
+    m_help->setToolTip(tr("Opens the user guide at what it says of the part of the window in use (F1)."));
+    m_help->setAutoRaise(true);
+    m_help->setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is: the guide opens at that
+    connect(m_help, &QToolButton::clicked, this, &LinkLine::helpRequested);
+    layout->addWidget(m_help);
 }
 
 void LinkLine::showServo(const QString &text)

@@ -10,8 +10,8 @@ class QToolButton;
 /**
  * What the status bar does not say of the connection, at its right: which servo, what is wrong with it, what happened
  * last, how good the link is, and what its motor does. Empty where there is nothing to tell, but for the motor. Never
- * blinks, and never takes more of the status bar than it needs. At its right end, away from the other controls and
- * always at the same place, is the button that stops the motor.
+ * blinks, and never takes more of the status bar than it needs. At its right end, always at the same place, are the
+ * button that stops the motor and, away from it, the one that opens the user guide.
  */
 class LinkLine : public QWidget
 {
@@ -34,11 +34,16 @@ public:
     /** Can be pressed at any time. */
     QAbstractButton &stopButton() const;
 
+Q_SIGNALS:
+    /** The user guide is wanted. */
+    void helpRequested();
+
 private:
     ElidedLabel *m_servo;
     ElidedLabel *m_fault;
     ElidedLabel *m_event;
-    QLabel *m_quality;
+    ElidedLabel *m_quality;
     QLabel *m_motor;
     QToolButton *m_stop;
+    QToolButton *m_help;
 };

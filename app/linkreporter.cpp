@@ -44,6 +44,7 @@ void LinkReporter::onStateChanged(State state, State before)
     switch (state) {
     case State::Identifying:
         m_line.tell({});
+        m_lost.clear();
         m_line.showServo(tr("servo %1 · %2 baud · %3").arg(address.id).arg(address.baudRate).arg(m_portName));
         return;
     case State::Unanswered:
@@ -69,6 +70,7 @@ void LinkReporter::onStateChanged(State state, State before)
     case State::Silent:
     case State::Refusing:
     case State::Moved:
+        onQualityChanged();
         return; // the status bar tells
     }
 }
@@ -107,7 +109,9 @@ void LinkReporter::onQualityChanged()
                                 .arg(shares.atOnce)
                                 .arg(shares.repeated)
                                 .arg(shares.lost);
-    m_line.showQuality(quality.isWeak() ? tr("weak link") : QString(), figures);
+    // A servo that does not answer at all, or elsewhere, is told in the status bar.
+    const bool isTold = quality.isWeak() && m_connection.state() == State::Connected;
+    m_line.showQuality(isTold ? tr("weak link") : QString(), figures);
 }
 
 void LinkReporter::onReported(const session::ApplyReport &report)
@@ -118,7 +122,7 @@ void LinkReporter::onReported(const session::ApplyReport &report)
         return;
     case Verdict::Dropped:
     case Verdict::Unproved:
-        m_line.tell(m_text.dropped(report), m_text.fields(report.edited));
+        tellLost(m_text.dropped(report), m_text.fields(report.edited));
         return;
     case Verdict::Elsewhere:
         return; // the status bar tells where the servo is now
@@ -127,6 +131,19 @@ void LinkReporter::onReported(const session::ApplyReport &report)
         tellNotApplied(report);
         return;
     }
+}
+
+void LinkReporter::tellDropped(const QStringList &controls)
+{
+    if (!controls.isEmpty())
+        tellLost(m_text.droppedEdit(controls), m_text.captions(controls));
+}
+
+/** One connection may end with more than one loss; the tip has them all. */
+void LinkReporter::tellLost(const QString &text, const QString &tip)
+{
+    m_lost += (m_lost.isEmpty() ? QString() : QStringLiteral("\n\n")) + text + QLatin1Char('\n') + tip;
+    m_line.tell(text, m_lost);
 }
 
 void LinkReporter::tellNotApplied(const session::ApplyReport &report)

@@ -30,6 +30,8 @@ public:
 
     /** The connections that follow are made through @p portName. */
     void setPortName(const QString &portName) { m_portName = portName; }
+    /** The connection has ended while @p controls, by their object names, were changed and not applied. */
+    void tellDropped(const QStringList &controls);
 
 private:
     void onStateChanged(session::State state, session::State before);
@@ -37,6 +39,7 @@ private:
     quint32 reportedBits(const model::RegisterImage &image, const model::Field &field) const;
     void onQualityChanged();
     void onReported(const session::ApplyReport &report);
+    void tellLost(const QString &text, const QString &tip);
     void tellNotApplied(const session::ApplyReport &report);
 
     QWidget &m_window;
@@ -44,5 +47,6 @@ private:
     LinkLine &m_line;
     ApplyText m_text;
     QString m_portName;
+    QString m_lost; ///< what the end of the connection was told to have cost, with all fields
     QPointer<QMessageBox> m_notApplied;
 };

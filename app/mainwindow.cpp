@@ -14,6 +14,8 @@
 #include "device/fieldhelper.h"
 #include "device/statushelper.h"
 #include "device/uiregisterhelper.h"
+#include "guide/guidekey.h"
+#include "guide/guidewindow.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
 #include "link/uischeduler.h"
@@ -216,6 +218,7 @@ void MainWindow::on_actionDisconnect_triggered()
     m_connection->end();
     if (m_scheduler)
         m_scheduler->stopScheduler();
+    m_reporter->tellDropped(ProcessWide<UiGroupHelper>::instance()->editedControls());
     ProcessWide<UiGroupHelper>::instance()->linkDown();
     m_registerView->disconnectDevice();
     setLinkUp(false);
@@ -324,6 +327,10 @@ void MainWindow::fillMenus()
     QAction *toolBar = m_ui->toolBar->toggleViewAction();
     toolBar->setText(tr("&Tool bar"));
     view->addAction(toolBar);
+    view->addSeparator();
+    QAction *guide = view->addAction(tr("User &guide") + QLatin1String("\tF1"));
+    guide->setObjectName(QStringLiteral("actionGuide"));
+    connect(guide, &QAction::triggered, m_guide.get(), &guide::GuideKey::open);
     m_ui->menuBar->insertMenu(help, view);
 }
 
@@ -332,6 +339,8 @@ void MainWindow::addLinkLine()
     m_linkLine = new LinkLine(this);
     m_ui->statusBar->addPermanentWidget(m_linkLine);
     connect(m_ui->statusBar, &QStatusBar::messageChanged, this, &MainWindow::fitLinkLine);
+    m_guide = std::make_unique<guide::GuideKey>(*this, guide::GuideWindow::installedFolder());
+    connect(m_linkLine, &LinkLine::helpRequested, m_guide.get(), &guide::GuideKey::open);
     m_reporter = std::make_unique<LinkReporter>(*this, *m_ui->tabWidget, *m_connection, *m_proof, *m_linkLine);
     const MotorControl::Port port{[this] {
                                       stopClosingPort();

@@ -20,6 +20,10 @@ class UiRegisterHelper;
 class UiScheduler;
 struct BusResult;
 
+namespace guide {
+class GuideKey;
+}
+
 namespace Ui {
 class MainWindow;
 }
@@ -110,6 +114,7 @@ private:
     LinkLine *m_linkLine = nullptr; ///< a child
     std::unique_ptr<LinkReporter> m_reporter;
     std::unique_ptr<MotorControl> m_motor;
+    std::unique_ptr<guide::GuideKey> m_guide;
     QAction *m_undo = nullptr;    ///< a child
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user

@@ -226,11 +226,11 @@ void MotorControl::onProved()
         text += QLatin1String("; ") + m_takenBack;
     m_line.tell(text, text + QLatin1Char('\n') + tr("The servo was read after the stop: its motor is off."));
     if (m_link.connection.isUp())
-        readAgain();
+        readAgain([](const QByteArray &) {}); // everything else that is shown may be from before the stop
 }
 
-/** Everything else that is shown may be from before the stop. */
-void MotorControl::readAgain()
+/** Reads the servo's whole table for the window and for @p take, which gets nothing when there is no answer. */
+void MotorControl::readAgain(const TakeRegisters &take)
 {
     const model::Family *family = m_link.connection.family();
     if (!family)
@@ -238,10 +238,13 @@ void MotorControl::readAgain()
     BusRequest request;
     request.id = static_cast<quint8>(m_link.connection.servoAddress().id);
     request.length = static_cast<quint8>(family->tableSize);
-    m_link.bus.request(request, [self = QPointer<MotorControl>(this), family](const BusResult &result) {
-        const bool isWanted = self && self->m_link.connection.isUp() && self->m_link.connection.family() == family;
-        if (isWanted && result.outcome == BusResult::Outcome::Answered)
+    m_link.bus.request(request, [self = QPointer<MotorControl>(this), family, take](const BusResult &result) {
+        if (!self || !self->m_link.connection.isUp() || self->m_link.connection.family() != family)
+            return;
+        const bool isAnswered = result.outcome == BusResult::Outcome::Answered;
+        if (isAnswered)
             Q_EMIT self->read(result.data);
+        take(isAnswered ? result.data : QByteArray());
     });
 }
 
@@ -392,15 +395,32 @@ void MotorControl::writeHold(const model::Field &field, quint32 bits)
     model::putLittleEndian(bits, field.size, reinterpret_cast<quint8 *>(data.data()));
     const BusRequest request{BusRequest::Operation::Write, static_cast<quint8>(m_link.connection.servoAddress().id),
                              field.address, 0, data};
-    const auto tell = [self = QPointer<MotorControl>(this), &field, bits, data](const BusResult &result) {
-        if (!self || !self->m_link.connection.isUp())
-            return;
-        if (result.outcome != BusResult::Outcome::Answered) {
-            self->m_line.tell(tr("not held: the servo did not take it"));
-            return;
-        }
-        self->m_link.registers.assumeWritten(field.address, data);
-        self->m_line.tell(tr("holding: %1").arg(self->m_text.value(field, bits)));
+    const auto prove = [self = QPointer<MotorControl>(this), &field, bits](const BusResult &result) {
+        if (self && self->m_link.connection.isUp())
+            self->onHoldWritten(field, bits, result);
     };
-    m_link.bus.request(request, tell, ServoBus::Urgency::Urgent);
+    m_link.bus.request(request, prove, ServoBus::Urgency::Urgent);
+}
+
+/** A servo may be set not to answer writes: what it has is the proof. */
+void MotorControl::onHoldWritten(const model::Field &field, quint32 bits, const BusResult &result)
+{
+    if (result.outcome == BusResult::Outcome::Refused) {
+        m_line.tell(tr("not held: %1").arg(ApplyText::refusal(result.error)));
+        return;
+    }
+    readAgain([this, &field, bits](const QByteArray &registers) { judgeHold(field, bits, registers); });
+}
+
+void MotorControl::judgeHold(const model::Field &field, quint32 bits, const QByteArray &registers)
+{
+    if (registers.isEmpty()) {
+        m_line.tell(tr("not held: the servo does not answer"));
+        return;
+    }
+    model::RegisterImage image(m_link.connection.family());
+    image.take(0, registers, {});
+    const quint32 found = image.bits(field).value_or(~bits);
+    m_line.tell(found == bits ? tr("holding: %1").arg(m_text.value(field, bits))
+                              : tr("not held: the servo still has %1").arg(m_text.value(field, found)));
 }

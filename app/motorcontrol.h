@@ -83,7 +83,8 @@ private:
     void takeBackSwitchingOn();
     using IsUnwanted = std::function<bool(quint8 address, const QByteArray &data)>;
     std::vector<session::AppliedField> takeBack(const IsUnwanted &isUnwanted);
-    void readAgain();
+    using TakeRegisters = std::function<void(const QByteArray &registers)>;
+    void readAgain(const TakeRegisters &take);
     void onProved();
     void onOverdue();
     void tellMayBeOn(const QString &more);
@@ -97,6 +98,8 @@ private:
     QString whyNotHeld() const;
     void refreshHold();
     void writeHold(const model::Field &field, quint32 bits);
+    void onHoldWritten(const model::Field &field, quint32 bits, const BusResult &result);
+    void judgeHold(const model::Field &field, quint32 bits, const QByteArray &registers);
 
     QWidget &m_window;
     LinkLine &m_line;

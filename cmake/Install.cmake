@@ -22,9 +22,9 @@ if(UNIX)
     foreach(program IN LISTS zelvar_programs)
         install(FILES packaging/man/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     endforeach()
-    # The man pages say where the guide is.
+    # The man pages say where the guide is, and the program shows it. With it goes each page that it links to.
     set(zelvar_doc_dir ${CMAKE_INSTALL_DATADIR}/doc/zelvar-servo-manager)
-    install(FILES docs/user-guide.md DESTINATION ${zelvar_doc_dir})
+    install(FILES docs/user-guide.md docs/building.md docs/wire-protocol.md DESTINATION ${zelvar_doc_dir})
     install(DIRECTORY docs/screenshots DESTINATION ${zelvar_doc_dir} FILES_MATCHING PATTERN "*.png")
 endif()
 

@@ -95,6 +95,14 @@
         <source>not read back before the connection ended: %1</source>
         <translation>nicht zurückgelesen, bevor die Verbindung endete: %1</translation>
     </message>
+    <message>
+        <source>applied: the servo had these values already</source>
+        <translation>angewendet: der Servo hatte diese Werte schon</translation>
+    </message>
+    <message>
+        <source>changed and not applied before the connection ended: %1</source>
+        <translation>geändert und nicht angewendet, bevor die Verbindung endete: %1</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -578,6 +586,14 @@
         <source>Switches the motor off at once. That frees the shaft: what it carries may fall.</source>
         <translation>Schaltet den Motor sofort aus. Das gibt die Welle frei: Was sie trägt, kann fallen.</translation>
     </message>
+    <message>
+        <source>User guide</source>
+        <translation>Benutzerhandbuch</translation>
+    </message>
+    <message>
+        <source>Opens the user guide at what it says of the part of the window in use (F1).</source>
+        <translation>Öffnet das Benutzerhandbuch dort, wo es den benutzten Teil des Fensters beschreibt (F1).</translation>
+    </message>
 </context>
 <context>
     <name>LinkReporter</name>
@@ -800,6 +816,10 @@
         <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
         <translation>Servo %1 hat bei %2 Baud an %3 nicht geantwortet. Prüfen Sie seine Versorgung, das Kabel, seine Adresse und seine Baudrate; die Suche findet Servos bei anderen.</translation>
     </message>
+    <message>
+        <source>User &amp;guide</source>
+        <translation>&amp;Benutzerhandbuch</translation>
+    </message>
 </context>
 <context>
     <name>MotorControl</name>
@@ -912,12 +932,20 @@
         <translation>nicht gehalten: Der Servo hat nicht gesagt, wo er ist</translation>
     </message>
     <message>
-        <source>not held: the servo did not take it</source>
-        <translation>nicht gehalten: Der Servo hat es nicht angenommen</translation>
-    </message>
-    <message>
         <source>holding: %1</source>
         <translation>hält: %1</translation>
+    </message>
+    <message>
+        <source>not held: %1</source>
+        <translation>nicht gehalten: %1</translation>
+    </message>
+    <message>
+        <source>not held: the servo does not answer</source>
+        <translation>nicht gehalten: der Servo antwortet nicht</translation>
+    </message>
+    <message>
+        <source>not held: the servo still has %1</source>
+        <translation>nicht gehalten: der Servo hat immer noch %1</translation>
     </message>
 </context>
 <context>
@@ -1590,6 +1618,17 @@
     <message>
         <source>Debug 4</source>
         <translation>Debug 4</translation>
+    </message>
+</context>
+<context>
+    <name>guide::GuideWindow</name>
+    <message>
+        <source>User guide</source>
+        <translation>Benutzerhandbuch</translation>
+    </message>
+    <message>
+        <source>This page of the user guide is missing: %1. Install the program anew.</source>
+        <translation>Diese Seite des Benutzerhandbuchs fehlt: %1. Installieren Sie das Programm neu.</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,14 @@
         <source>not read back before the connection ended: %1</source>
         <translation>no releído antes del fin de la conexión: %1</translation>
     </message>
+    <message>
+        <source>applied: the servo had these values already</source>
+        <translation>aplicado: el servo ya tenía estos valores</translation>
+    </message>
+    <message>
+        <source>changed and not applied before the connection ended: %1</source>
+        <translation>cambiado y no aplicado antes de terminar la conexión: %1</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -578,6 +586,14 @@
         <source>Switches the motor off at once. That frees the shaft: what it carries may fall.</source>
         <translation>Apaga el motor de inmediato. Eso libera el eje: lo que sostiene puede caer.</translation>
     </message>
+    <message>
+        <source>User guide</source>
+        <translation>Guía del usuario</translation>
+    </message>
+    <message>
+        <source>Opens the user guide at what it says of the part of the window in use (F1).</source>
+        <translation>Abre la guía del usuario por donde trata de la parte de la ventana en uso (F1).</translation>
+    </message>
 </context>
 <context>
     <name>LinkReporter</name>
@@ -800,6 +816,10 @@
         <source>Servo %1 did not answer at %2 baud on %3. Check its supply, the cable, its address and its baud rate; Search finds servos at other ones.</source>
         <translation>El servo %1 no respondió a %2 baudios en %3. Compruebe su alimentación, el cable, su dirección y su velocidad; la búsqueda encuentra servos con otras.</translation>
     </message>
+    <message>
+        <source>User &amp;guide</source>
+        <translation>&amp;Guía del usuario</translation>
+    </message>
 </context>
 <context>
     <name>MotorControl</name>
@@ -912,12 +932,20 @@
         <translation>no mantenido: el servo no dijo dónde está</translation>
     </message>
     <message>
-        <source>not held: the servo did not take it</source>
-        <translation>no mantenido: el servo no lo aceptó</translation>
-    </message>
-    <message>
         <source>holding: %1</source>
         <translation>manteniendo: %1</translation>
+    </message>
+    <message>
+        <source>not held: %1</source>
+        <translation>no se mantiene: %1</translation>
+    </message>
+    <message>
+        <source>not held: the servo does not answer</source>
+        <translation>no se mantiene: el servo no responde</translation>
+    </message>
+    <message>
+        <source>not held: the servo still has %1</source>
+        <translation>no se mantiene: el servo sigue teniendo %1</translation>
     </message>
 </context>
 <context>
@@ -1590,6 +1618,17 @@
     <message>
         <source>Debug 4</source>
         <translation>Depur. 4</translation>
+    </message>
+</context>
+<context>
+    <name>guide::GuideWindow</name>
+    <message>
+        <source>User guide</source>
+        <translation>Guía del usuario</translation>
+    </message>
+    <message>
+        <source>This page of the user guide is missing: %1. Install the program anew.</source>
+        <translation>Falta esta página de la guía del usuario: %1. Vuelva a instalar el programa.</translation>
     </message>
 </context>
 <context>

@@ -107,6 +107,21 @@ ZelvarParametersGroupBox *UiGroupHelper::group(const char *objectName) const
     return m_view ? m_view->findChild<ZelvarParametersGroupBox *>(QLatin1String(objectName)) : nullptr;
 }
 
+QStringList UiGroupHelper::editedControls() const
+{
+    QStringList controls;
+    for (const GroupRow &row : Groups) {
+        const ZelvarParametersGroupBox *box = group(row.objectName);
+        if (!box)
+            continue;
+        forEachInput(*box, [&controls](const QObject *input, const IGroupInputComponent &component) {
+            if (component.isDirty())
+                controls.append(input->objectName());
+        });
+    }
+    return controls;
+}
+
 void UiGroupHelper::linkUp()
 {
     setServoReachable(true);

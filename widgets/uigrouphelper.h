@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 
 #include <cstdint>
 
@@ -29,6 +30,9 @@ public:
      * asked, it counts as the servo's at once.
      */
     void expectProofs() { m_expectsProofs = true; }
+
+    /** The object names of the fields that were changed and not applied. */
+    QStringList editedControls() const;
 
 Q_SIGNALS:
     /** Write @p data to the registers from @p address of the connected servo. */

@@ -18,6 +18,8 @@ public:
     void setObjectName(const QString &name);
     /** The first caption set is kept; the text shown is made of it. */
     void setText(const QString &caption);
+    /** As it was set, without the unit. */
+    const QString &caption() const { return m_caption; }
     qint32 fieldId() const override;
     void connected() override;
     void disconnected() override;

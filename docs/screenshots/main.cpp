@@ -153,7 +153,9 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: zelvar-servo-screenshots FOLDER\n");
         return 2;
     }
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
     TestEnvironment environment;
+    qputenv("QT_QPA_PLATFORM", platform); // the one without a display has no room for each dialog
     qInstallMessageHandler(printWarning);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);

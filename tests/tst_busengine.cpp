@@ -5,6 +5,7 @@
 #include "serialport/zelvarserialportinterface.h"
 #include "tests/support/fakeline.h"
 #include "tests/support/ptypeer.h"
+#include "tests/support/scriptedservo.h"
 #include "tests/support/testenvironment.h"
 
 #include <fcntl.h>
@@ -29,7 +30,7 @@ BusRequest writeOf(const char *data)
     return {Operation::Write, ServoId, 50, 0, data};
 }
 
-/** Data that a scripted servo has in its registers: each holds its own address. */
+/** Data that the servos have in their registers: each holds its own address. */
 QByteArray registers(int address, int length)
 {
     QByteArray data;
@@ -38,27 +39,16 @@ QByteArray registers(int address, int length)
     return data;
 }
 
-/** A servo of the own family that does what it is told. */
-QByteArray zelvarServo(const Packet &instruction)
+ScriptedServo servoSpeaking(Framing framing)
 {
-    if (instruction.framing != Framing::Protocol2 || instruction.instruction == Status)
-        return {};
-    if (instruction.instruction != Read)
-        return protocol2::encodeStatus(instruction.id, 0, {});
-    return protocol2::encodeStatus(
-        instruction.id, 0,
-        registers(fromLittleEndian16(instruction.parameters, 0), fromLittleEndian16(instruction.parameters, 2)));
+    ScriptedServo servo;
+    servo.framing = framing;
+    servo.registers = registers(0, 256);
+    return servo;
 }
 
-QByteArray ax12(const Packet &instruction)
-{
-    if (instruction.framing != Framing::Protocol1)
-        return {};
-    if (instruction.instruction != Read)
-        return protocol1::encode(instruction.id, 0, {});
-    return protocol1::encode(instruction.id, 0,
-                             registers(quint8(instruction.parameters[0]), quint8(instruction.parameters[1])));
-}
+const FakeLine::Script ZelvarServo = servoSpeaking(Framing::Protocol2);
+const FakeLine::Script Ax12 = servoSpeaking(Framing::Protocol1);
 
 /** A servo that gives @p answers, one a packet, and then the last one again and again. */
 FakeLine::Script answering(const QByteArrayList &answers)
@@ -79,9 +69,9 @@ struct Rig
     std::unique_ptr<ZelvarSerialPortInterface> port;
     QByteArrayList replies; ///< to the one callback
     QStringList log;        ///< what became of requests, in order
-    std::function<QByteArray(const Packet &)> script;
+    FakeLine::Script script;
 
-    explicit Rig(FakeLine::Script servo = zelvarServo) : script(std::move(servo))
+    explicit Rig(FakeLine::Script servo = ZelvarServo) : script(std::move(servo))
     {
         auto owned = std::make_unique<FakeLine>(clock, [this](const Packet &packet) { return script(packet); });
         line = owned.get();
@@ -145,7 +135,6 @@ struct Fate
     QByteArray data;
     int attempts;
 };
-Q_DECLARE_METATYPE(Fate)
 
 /** What a test does to the bus. */
 using Deed = void (*)(Rig &);
@@ -155,7 +144,7 @@ class TestBusEngine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyRequestHasAResult_data()
+    void everyRequestHasAResult()
     {
         const BusRequest reboot{Operation::Reboot, ServoId, 0, 0, {}};
         const QByteArray ok = status(0, registers(10, 1));
@@ -163,11 +152,11 @@ private Q_SLOTS:
         const Fate fates[] = {
             {"read",                        answering({ok}),                                   ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
             {"read with a hardware error",  answering({status(AlertBit, "x")}),                ReadOne, Outcome::Answered, AlertBit, "x",      1},
-            {"AX-12",                       ax12,                                              ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"AX-12",                       Ax12,                                              ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
             {"another servo's packet",      answering({protocol2::encodeStatus(9, 0, "x") + ok}), ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
             {"late answer to another read", answering({status(0, "abcd") + ok}),               ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
             {"packet with a wrong CRC",     answering({QByteArray(ok).replace(9, 1, "X") + ok}), ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
-            {"echo",                        [](const Packet &p) { return p.raw + zelvarServo(p); }, ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
+            {"echo",                        [](const Packet &p) { return p.raw + ZelvarServo(p); }, ReadOne, Outcome::Answered, 0, registers(10, 1), 1},
             {"refused read",                answering({status(AccessError)}),                  ReadOne, Outcome::Refused, AccessError, {},   1},
             {"silence to a read",           answering({{}}),                                   ReadOne, Outcome::NoAnswer, 0, {},             3},
             {"write",                       answering({status(0)}),                            writeOf("a"), Outcome::Answered, 0, {},        1},
@@ -177,34 +166,29 @@ private Q_SLOTS:
             {"write damaged each time",     answering({status(ChecksumError)}),                writeOf("a"), Outcome::NoAnswer, ChecksumError, {}, 6},
             {"silence to a reboot",         answering({{}}),                                   reboot, Outcome::NoAnswer, 0, {},              1},
             {"damaged reboot",              answering({status(ChecksumError)}),                reboot, Outcome::Refused, ChecksumError, {},   1},
-            {"AX-12 cannot reboot",         ax12,                                              reboot, Outcome::NoAnswer, 0, {},              1},
-            {"no servo's id",               zelvarServo, {Operation::Read, BroadcastId, 0, 1, {}}, Outcome::Withdrawn, 0, {},                 0},
-            {"write of nothing",            zelvarServo, writeOf(""),                                   Outcome::Withdrawn, 0, {},            0},
-            {"no operation",                zelvarServo, {Operation(99), ServoId, 0, 1, {}},            Outcome::Withdrawn, 0, {},            0},
+            {"AX-12 cannot reboot",         Ax12,                                              reboot, Outcome::NoAnswer, 0, {},              1},
+            {"no servo's id",               ZelvarServo, {Operation::Read, BroadcastId, 0, 1, {}}, Outcome::Withdrawn, 0, {},                 0},
+            {"write of nothing",            ZelvarServo, writeOf(""),                                   Outcome::Withdrawn, 0, {},            0},
+            {"no operation",                ZelvarServo, {Operation(99), ServoId, 0, 1, {}},            Outcome::Withdrawn, 0, {},            0},
         };
         // clang-format on
-        QTest::addColumn<Fate>("fate");
-        for (const Fate &fate : fates)
-            QTest::newRow(fate.name) << fate;
-    }
-
-    void everyRequestHasAResult()
-    {
-        QFETCH(Fate, fate);
-        Rig rig(fate.servo);
-        QVector<BusResult> results;
-        QSignalSpy finished(&rig.bus(), &ServoBus::requestFinished);
-        rig.bus().request(fate.request, [&](const BusResult &result) { results.append(result); });
-        QCOMPARE(results.size(), 0);
-        rig.settle();
-        QCOMPARE(results.size(), 1);
-        QCOMPARE(finished.size(), 1);
-        QVERIFY(finished[0][0].value<BusRequest>() == fate.request);
-        QCOMPARE(finished[0][1].value<BusResult>().outcome, fate.outcome);
-        QCOMPARE(results[0].outcome, fate.outcome);
-        QCOMPARE(int(results[0].error), fate.error);
-        QCOMPARE(results[0].data, fate.data);
-        QCOMPARE(results[0].attempts, fate.attempts);
+        for (const Fate &fate : fates) {
+            const InRow row(fate.name);
+            Rig rig(fate.servo);
+            QVector<BusResult> results;
+            QSignalSpy finished(&rig.bus(), &ServoBus::requestFinished);
+            rig.bus().request(fate.request, [&](const BusResult &result) { results.append(result); });
+            QCOMPARE(results.size(), 0);
+            rig.settle();
+            QCOMPARE(results.size(), 1);
+            QCOMPARE(results[0].outcome, fate.outcome);
+            QCOMPARE(int(results[0].error), fate.error);
+            QCOMPARE(results[0].data, fate.data);
+            QCOMPARE(results[0].attempts, fate.attempts);
+            QCOMPARE(finished.size(), 1);
+            QVERIFY(finished[0][0].value<BusRequest>() == fate.request);
+            QCOMPARE(finished[0][1].value<BusResult>().outcome, fate.outcome);
+        }
     }
 
     void usersDoNotDisturbEachOther()
@@ -273,7 +257,7 @@ private Q_SLOTS:
             QCOMPARE(rig.log, expected);
             QCOMPARE(rig.replies.size(), 0);
             rig.port->openSerialPort("line", BaudRate);
-            rig.script = zelvarServo;
+            rig.script = ZelvarServo;
             rig.read(0, 1);
             rig.settle();
             QCOMPARE(rig.replies.size(), 1);
@@ -295,7 +279,7 @@ private Q_SLOTS:
                 const bool inSlot = way & 1;
                 const bool isCarriedOut = way & 2;
                 bool isDone = false;
-                Rig rig(way & 4 ? FakeLine::Script(zelvarServo) : answering({{}}));
+                Rig rig(way & 4 ? FakeLine::Script(ZelvarServo) : answering({{}}));
                 const auto act = [&, deed = deed] {
                     if (!std::exchange(isDone, true))
                         deed(rig);
@@ -416,7 +400,7 @@ private Q_SLOTS:
 
     void theFramingIsFoundOutOnceAndRemembered()
     {
-        Rig rig(ax12);
+        Rig rig(Ax12);
         const auto framings = [&] {
             rig.settle();
             QString digits;
@@ -441,8 +425,8 @@ private Q_SLOTS:
         const std::tuple<const char *, bool, FakeLine::Script, int, int> rows[] = {
             {"reboot",                           false, answering({status(AlertBit)}), 1, 1}, // no failure of the command
             {"reset",                            true,  answering({status(0)}),        1, 1},
-            {"reset of an AX-12",                true,  ax12,                          1, 2},
-            {"reboot of an AX-12, which cannot", false, ax12,                          0, 1},
+            {"reset of an AX-12",                true,  Ax12,                          1, 2},
+            {"reboot of an AX-12, which cannot", false, Ax12,                          0, 1},
         };
         // clang-format on
         for (const auto &[name, isReset, servo, replies, packets] : rows) {
@@ -478,7 +462,7 @@ private Q_SLOTS:
 
     void aCallbackMayDestroyTheInterface()
     {
-        PtyPeer peer(zelvarServo);
+        PtyPeer peer(ZelvarServo);
         auto port = std::make_unique<ZelvarSerialPortInterface>(nullptr, 2);
         QCOMPARE(port->openSerialPort(peer.path(), BaudRate), QString());
         QPointer<QObject> device; // which calls back, and goes on when that is over
@@ -498,7 +482,7 @@ private Q_SLOTS:
 
     void aLostPortIsReportedOnce()
     {
-        PtyPeer peer(zelvarServo);
+        PtyPeer peer(ZelvarServo);
         ZelvarSerialPortInterface port(nullptr, 2);
         QCOMPARE(port.openSerialPort(peer.path(), BaudRate), QString());
         QSignalSpy lost(&port, &ZelvarSerialPortInterface::connectionLost);
@@ -514,7 +498,7 @@ private Q_SLOTS:
 
     void onlyAnotherReaderIsAnotherReader()
     {
-        PtyPeer peer(zelvarServo);
+        PtyPeer peer(ZelvarServo);
         // Told of bytes before the bus is, which finds none when its turn comes.
         const int descriptor = ::open(peer.path().toLocal8Bit(), O_RDONLY | O_NOCTTY);
         QSocketNotifier arrival(descriptor, QSocketNotifier::Read);
@@ -544,7 +528,7 @@ private Q_SLOTS:
 
     void openingSaysWhatToDo()
     {
-        PtyPeer peer(zelvarServo);
+        PtyPeer peer(ZelvarServo);
         ZelvarSerialPortInterface first(nullptr, 2);
         ZelvarSerialPortInterface second(nullptr, 2);
         QCOMPARE(first.openSerialPort(peer.path(), BaudRate), QString());

@@ -10,11 +10,12 @@
 #include "settings/settingsdialog.h"
 #include "tests/support/desk.h"
 #include "tests/support/fakeline.h"
+#include "tests/support/scriptedservo.h"
 #include "widgets/uigrouphelper.h"
 
 using namespace std::chrono_literals;
 using namespace wire;
-using Urgency = ServoBus::Urgency;
+using Keeps = ScriptedServo::Keeps;
 
 namespace {
 
@@ -22,42 +23,28 @@ constexpr quint8 ServoId = 3;
 constexpr int MotorOfZelvar = 48; // register
 constexpr int MotorOfAx12 = 24;
 
-/** A servo on a line in memory, as far as stopping it goes. */
-struct Servo
+/** A servo with its motor on. */
+ScriptedServo servoSpeaking(Framing framing, Keeps keeps = Keeps::All)
 {
-    Framing framing = Framing::Protocol2;
-    bool isMute = false;
-    bool isStubborn = false; ///< answers, and leaves its motor on
-    bool isOn = true;
-
-    QByteArray operator()(const Packet &packet)
-    {
-        if (isMute || packet.framing != framing)
-            return {};
-        const bool isRead = packet.instruction == Read;
-        if (!isRead && !isStubborn && quint8(packet.parameters[0]) == motorRegister())
-            isOn = packet.parameters.endsWith(char(1));
-        if (packet.id != ServoId)
-            return {};
-        const QByteArray data(isRead ? 1 : 0, isOn ? '\1' : '\0');
-        return framing == Framing::Protocol2 ? protocol2::encodeStatus(ServoId, 0, data)
-                                             : protocol1::encode(ServoId, 0, data);
-    }
-    int motorRegister() const { return framing == Framing::Protocol2 ? MotorOfZelvar : MotorOfAx12; }
-};
+    ScriptedServo servo;
+    servo.framing = framing;
+    servo.registers.fill('\1');
+    servo.keeps = keeps;
+    return servo;
+}
 
 /** A bus with a servo, somebody who stops it, and what comes of that. */
 struct Rig
 {
     TurnedClock clock;
-    Servo servo;
+    ScriptedServo servo;
     FakeLine *line;
     std::unique_ptr<ServoBus> bus;
     std::unique_ptr<session::MotorStop> stop;
     int proved = 0;
     int overdue = 0;
 
-    explicit Rig(const Servo &first = {}) : servo(first)
+    explicit Rig(ScriptedServo first) : servo(std::move(first))
     {
         auto owned = std::make_unique<FakeLine>(clock, [this](const Packet &packet) { return servo(packet); });
         line = owned.get();
@@ -66,6 +53,10 @@ struct Rig
         stop = std::make_unique<session::MotorStop>(*bus, clock);
         QObject::connect(stop.get(), &session::MotorStop::proved, [this] { ++proved; });
         QObject::connect(stop.get(), &session::MotorStop::overdue, [this] { ++overdue; });
+    }
+    bool isMotorOn() const
+    {
+        return servo.registers[servo.framing == Framing::Protocol2 ? MotorOfZelvar : MotorOfAx12] != 0;
     }
     void pass(std::chrono::milliseconds duration)
     {
@@ -133,30 +124,29 @@ private Q_SLOTS:
     {
         using model::DynamixelAx12Family;
         using model::ZelvarV1Family;
-        const Servo zelvar;
-        const Servo ax12{Framing::Protocol1};
         // clang-format off
-        const std::tuple<const char *, Servo, const model::Family *, QStringList> rows[] = {
-            {"Zelvar",            zelvar, &ZelvarV1Family,      {"3:48 2w", "3:48 2r"}},
-            {"AX-12",             ax12,   &DynamixelAx12Family, {"3:24 1w", "3:24 1r"}},
-            {"Zelvar, not known", zelvar, nullptr,              {"3:48 2w", "3:24 1w", "3:48 2r"}},
-            {"AX-12, not known",  ax12,   nullptr,              {"3:48 2w", "3:24 1w", "3:48 2r", "3:48 2r", "3:48 2r", "3:24 1r"}},
+        const std::tuple<const char *, Framing, const model::Family *, QStringList> rows[] = {
+            {"Zelvar",            Framing::Protocol2, &ZelvarV1Family,      {"3:48 2w", "3:48 2r"}},
+            {"AX-12",             Framing::Protocol1, &DynamixelAx12Family, {"3:24 1w", "3:24 1r"}},
+            {"Zelvar, not known", Framing::Protocol2, nullptr,              {"3:48 2w", "3:24 1w", "3:48 2r"}},
+            {"AX-12, not known",  Framing::Protocol1, nullptr,              {"3:48 2w", "3:24 1w", "3:48 2r", "3:48 2r", "3:48 2r", "3:24 1r"}},
         };
         // clang-format on
-        for (const auto &[name, servo, family, sent] : rows) {
+        for (const auto &[name, framing, family, sent] : rows) {
             const InRow row(name);
-            Rig rig(servo);
+            Rig rig(servoSpeaking(framing));
             rig.stop->begin(ServoId, family);
             QCOMPARE(rig.sent(), sent.mid(0, 1)); // before anything else happens
             rig.pass(2s);
-            QVERIFY(!rig.servo.isOn && rig.proved == 1 && rig.overdue == 0 && !rig.stop->isRunning());
+            QVERIFY(!rig.isMotorOn() && rig.proved == 1 && rig.overdue == 0 && !rig.stop->isRunning());
             QCOMPARE(rig.sent(), sent);
         }
     }
 
     void aStopGoesAheadOfEverything()
     {
-        Rig rig({Framing::Protocol2, true});
+        Rig rig(servoSpeaking(Framing::Protocol2));
+        rig.servo.isMute = true;
         const auto write = [](quint8 address) {
             return BusRequest{BusRequest::Operation::Write, ServoId, address, 0, QByteArray(1, '\1')};
         };
@@ -179,7 +169,8 @@ private Q_SLOTS:
     {
         for (const bool isMute : {true, false}) {
             for (const bool isEnded : {true, false}) {
-                Rig rig({Framing::Protocol2, isMute, true});
+                Rig rig(servoSpeaking(Framing::Protocol2, Keeps::Nothing));
+                rig.servo.isMute = isMute;
                 rig.stop->begin(ServoId, nullptr);
                 rig.pass(999ms);
                 QVERIFY(rig.overdue == 0 && rig.proved == 0);
@@ -191,7 +182,7 @@ private Q_SLOTS:
                 if (isEnded)
                     rig.stop->end();
                 rig.pass(100ms); // what is under way is finished
-                rig.servo = {};
+                rig.servo = servoSpeaking(Framing::Protocol2);
                 const int atEnd = rig.sent().size();
                 rig.pass(1s);
                 QCOMPARE(rig.sent().size() > atEnd, !isEnded);
@@ -204,12 +195,12 @@ private Q_SLOTS:
 
     void everybodyIsToldInBothFramings()
     {
-        Rig rig({Framing::Protocol1});
+        Rig rig(servoSpeaking(Framing::Protocol1));
         rig.stop->tellAll();
         rig.pass(100ms);
         const QStringList once{"254:48 2w", "254:24 1w"};
         QCOMPARE(rig.sent(), once + once + once);
-        QVERIFY(!rig.servo.isOn);
+        QVERIFY(!rig.isMotorOn());
     }
 
     void everyFaultAtEveryInterval()

@@ -1,6 +1,5 @@
 // The simulated servos and their bus without a process around them, with the clock in the test's hand.
 
-#include "serialport/protocol2.h"
 #include "simulator/ax12servo.h"
 #include "simulator/baudcode.h"
 #include "simulator/lineschedule.h"
@@ -8,6 +7,7 @@
 #include "simulator/simulatedbus.h"
 #include "simulator/zelvarregisters.h"
 #include "simulator/zelvarservo.h"
+#include "tests/support/simulatedanswer.h"
 #include "tests/support/testenvironment.h"
 
 using namespace std::chrono_literals;
@@ -32,15 +32,12 @@ public:
     wire::Packet ask(quint8 instruction, const QByteArray &parameters)
     {
         servo.advance(now);
-        wire::protocol2::Parser parser;
-        parser.append(wire::protocol2::encodeInstruction(servo.id(), instruction, parameters));
-        const QByteArray reply = servo.execute(*parser.next());
-        parser.append(reply);
-        return parser.next().value_or(wire::Packet());
+        return answerOf(servo, instruction, parameters);
     }
     int write(int address, const QByteArray &data)
     {
-        return ask(wire::Write, wire::protocol2::writeParameters(static_cast<quint16>(address), data)).error;
+        servo.advance(now);
+        return answerToWrite(servo, address, data).error;
     }
     int write(const RegisterWrite &write)
     {
@@ -59,16 +56,16 @@ public:
     SimulationTime now{0};
 };
 
-/** A bus of two servos of the own family and two AX-12; what it is asked is in hexadecimal, as is what it answers. */
+/** A bus of servos of the own family and of AX-12; what it is asked is in hexadecimal, as is what it answers. */
 class BusBench
 {
 public:
-    BusBench()
+    BusBench(std::initializer_list<quint8> zelvarIds, std::initializer_list<quint8> ax12Ids)
     {
         SimulatedBus::Servos servos;
-        for (const quint8 id : {3, 1}) // not in the order of ids
+        for (const quint8 id : zelvarIds)
             servos.push_back(std::make_unique<ZelvarServo>(id, baudcode::DefaultCode));
-        for (const quint8 id : {5, 6})
+        for (const quint8 id : ax12Ids)
             servos.push_back(std::make_unique<Ax12Servo>(id, baudcode::DefaultCode));
         bus = std::make_unique<SimulatedBus>(std::move(servos));
     }
@@ -102,11 +99,7 @@ private Q_SLOTS:
         QCOMPARE(int(bench.ask(5, {}).error), int(wire::InstructionError));
         // clang-format off
         const std::pair<RegisterWrite, int> writes[] = {
-            {{Register::Id, 253, 1},                               0                   },
-            {{Register::Id, 254, 1},                               wire::DataRangeError},
             {{Register::VelocityLimit + 1, 0x0A, 1},               wire::DataRangeError}, // judged whole
-            {{Register::HomeOffset, 1044480, 4},                   wire::DataRangeError},
-            {{Register::TargetVelocity, Clockwise | 2000, 2},      0                   },
             {{Register::TargetVelocity, Clockwise | 2001, 2},      wire::DataRangeError},
             {{Register::ActualPosition, 1, 4},                     wire::AccessError   },
             {{Register::ControlEnable, 1, 1},                      0                   },
@@ -221,7 +214,7 @@ private Q_SLOTS:
             {"1.0 bulk read", "FFFFFE09920002051E02061E1B", ""},
         };
         // clang-format on
-        BusBench bench;
+        BusBench bench({3, 1}, {5, 6}); // not in the order of ids
         SimulationTime now{0};
         for (const Exchange &row : exchanges) {
             now = std::max(now, row.time);
@@ -240,7 +233,7 @@ private Q_SLOTS:
             {"1.0 id", "FFFF0504030309E7", "FFFF050240B8"},
             {"1.0 still under its id", "FFFF050201F7", "FFFF050200F8"},
         };
-        BusBench bench;
+        BusBench bench({3, 1}, {5, 6});
         bench.setMemory(false);
         for (const auto &[name, request, reply] : exchanges) {
             const InRow inRow(name);
@@ -265,15 +258,7 @@ private Q_SLOTS:
 
     void ax12AnswersMovesAndRefuses()
     {
-        SimulatedBus::Servos servos;
-        servos.push_back(std::make_unique<Ax12Servo>(0, baudcode::DefaultCode));
-        SimulatedBus bus(std::move(servos));
-        const auto answer = [&bus](const char *request, SimulationTime now) {
-            QByteArray replies;
-            for (const BusReply &reply : bus.receive(QByteArray::fromHex(request), 1000000, now))
-                replies.append(reply.bytes);
-            return replies;
-        };
+        BusBench bench({}, {0});
         // clang-format off
         const std::pair<const char *, const char *> exchanges[] = {
             {"FFFF000206F7",           "FFFF000200FD"      }, // the reset gives it the id 1
@@ -285,9 +270,10 @@ private Q_SLOTS:
         };
         // clang-format on
         for (const auto &[request, reply] : exchanges)
-            QCOMPARE(answer(request, 0us), QByteArray::fromHex(reply));
-        const QByteArray position = answer("FFFF0104022402D2", 500ms);
-        QVERIFY(wire::fromLittleEndian16(position, 5) > 512 && wire::fromLittleEndian16(position, 5) < 800);
+            QCOMPARE(bench.ask(request, 0us), QByteArray(reply));
+        const QByteArray answer = QByteArray::fromHex(bench.ask("FFFF0104022402D2", 500ms));
+        const int position = wire::fromLittleEndian16(answer, 5);
+        QVERIFY(position > 512 && position < 800);
     }
 };
 

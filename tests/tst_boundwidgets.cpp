@@ -43,13 +43,15 @@ bool offersPlaceholder(const QWidget &control)
            last.flags().testFlag(Qt::ItemIsEnabled);
 }
 
-QByteArray tableWith(int address, int size, quint32 value, int mode = 2)
+/** Makes @p locale the one of the program, until it goes. */
+struct Speaking
 {
-    QByteArray table = ConnectedEditView::jointTable();
-    ConnectedEditView::put(table, 6, 1, quint32(mode));
-    ConnectedEditView::put(table, address, size, value);
-    return table;
-}
+    explicit Speaking(const QLocale &locale) { QLocale::setDefault(locale); }
+    ~Speaking() { QLocale::setDefault(QLocale::c()); }
+    Q_DISABLE_COPY(Speaking)
+};
+
+const QLocale German(QLocale::German, QLocale::Germany);
 
 } // namespace
 
@@ -168,11 +170,11 @@ private Q_SLOTS:
             {2, "actualVoltageLineEdit",                    94, 1, 119,        "11.9",              "11.9"             },
             {2, "actualQuadratureCurrentLineEdit",          95, 2, 334,        "0.334",             "334"              },
             {2, "actualTemperatureLineEdit",                97, 1, 41,         "41",                "105.8"            },
+            {2, "isMovingCheckBox",                         99, 1, 1,          "true",              "true"             },
         };
         // clang-format on
         for (const int mode : {0, 1, 2}) {
-            QByteArray table(ConnectedEditView::TableSize, '\0');
-            table[6] = char(mode);
+            QByteArray table = ConnectedEditView::jointTable({{6, 1, quint32(mode)}});
             for (const auto &[rowMode, name, address, size, raw, inFirstUnit, inSecondUnit] : rows) {
                 if (rowMode == mode)
                     ConnectedEditView::put(table, address, size, raw);
@@ -200,8 +202,7 @@ private Q_SLOTS:
     // What has no unit has a decimal place for each step of its register, and the form's steps.
     void everyRawValueWithoutAUnitCanBeTyped()
     {
-        ConnectedEditView fixture;
-        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        ConnectedEditView fixture(ConnectedEditView::jointTable());
         const std::pair<const char *, double> rows[] = {{"defAccelerationProfileDoubleSpinBox", 1.0},
                                                         {"velocityFeedforwardTermDoubleSpinBox", 0.01},
                                                         {"defPositionProportionalTermDoubleSpinBox", 1.0},
@@ -224,28 +225,38 @@ private Q_SLOTS:
     {
         ConnectedEditView fixture;
         auto &list = fixture.child("inputModeComboBox");
-        for (const auto &[mode, isShown] : {std::pair(2, true), {1, false}}) {
+        for (const auto &[mode, isShown] : {std::pair(2u, true), {1u, false}}) {
             QImage looks[2];
-            for (const int inputMode : {0, 1}) {
-                const QByteArray table = tableWith(26, 1, quint32(inputMode), mode);
-                fixture.connectAndFeed(table);
+            for (const quint32 inputMode : {0u, 1u}) {
+                fixture.connectAndFeed(ConnectedEditView::jointTable({{6, 1, mode}, {26, 1, inputMode}}));
                 looks[inputMode] = list.grab().toImage();
             }
             QCOMPARE(looks[0] != looks[1], isShown);
         }
     }
 
-    void statusBoxesFollowTheLink()
+    void statusBoxesShowTheErrorByteAndFollowTheLink()
     {
         ConnectedEditView fixture;
-        auto &box = fixture.child<QCheckBox>("instructionStatusCheckBox");
-        const QString quiet = box.styleSheet();
+        const char *const boxes[] = {"process",    "instruction", "checksum", "range",
+                                     "dataLength", "dataLimit",   "access",   "alert"};
+        const auto box = [&](int number) -> QCheckBox & {
+            return fixture.child<QCheckBox>(qPrintable(QString(boxes[number - 1]) + "StatusCheckBox"));
+        };
+        QStringList quiet;
+        for (int number = 1; number <= 8; ++number)
+            quiet.append(box(number).styleSheet());
         for (const bool isConnected : {true, false}) {
             isConnected ? fixture.groups().linkUp() : fixture.groups().linkDown();
-            QVERIFY(!box.isChecked() && box.styleSheet() == quiet);
-            ProcessWide<StatusHelper>::instance()->update(2);
-            QVERIFY(box.isChecked());
-            QCOMPARE(box.styleSheet() != quiet, isConnected);
+            QVERIFY(!box(8).isChecked());
+            for (const int error : {0, 1, 2, 3, 4, 5, 6, 7, 0x82}) { // an alert hides the number
+                ProcessWide<StatusHelper>::instance()->update(qint8(error));
+                for (int number = 1; number <= 8; ++number) {
+                    const bool isOn = number == qMin(error, 8);
+                    QCOMPARE(box(number).isChecked(), isOn);
+                    QCOMPARE(box(number).styleSheet() != quiet[number - 1], isOn && isConnected);
+                }
+            }
         }
     }
 
@@ -267,91 +278,80 @@ private Q_SLOTS:
 
     // Typed into a field that shows 1.534 (1,534 in German) and holds -1602.211 to 1602.211, or 200 in 0 to 508; what
     // it shows then, what it applies (nothing when it is marked), and what it shows after Enter or without the focus.
-    void typedText_data()
+    void typedText()
     {
-        QTest::addColumn<QLocale>("locale");
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shownWhileTyped");
-        QTest::addColumn<QVariant>("applied");
-        QTest::addColumn<QString>("shownThen");
-        const QLocale german(QLocale::German, QLocale::Germany);
+        struct Typing
+        {
+            const char *name;
+            QLocale locale;
+            QString control;
+            const char *typed;
+            const char *shownWhileTyped;
+            QVariant applied;
+            const char *shownThen;
+        };
         const QLocale c = QLocale::c();
         const QString angle = "targetPositionDoubleSpinBox";
         const QString delay = "ackResponseTimeSpinBox";
         // clang-format off
-        QTest::newRow("comma")            << german << angle << "2,5"       << "2,5"       << QVariant(2.5)    << "2,500";
-        QTest::newRow("point")            << german << angle << "2.5"       << "2,5"       << QVariant(2.5)    << "2,500";
-        QTest::newRow("both")             << german << angle << "1.234,5"   << "1234,5"    << QVariant(1234.5) << "1234,500";
-        QTest::newRow("comma in English") << c      << angle << "1,2"       << "1.2"       << QVariant(1.2)    << "1.200";
-        QTest::newRow("finer than shown") << c      << angle << "1.23456"   << "1.23456"   << QVariant(1.235)  << "1.235";
-        QTest::newRow("unit")             << c      << angle << "2 rad"     << "2 rad"     << QVariant()       << "2 rad";
-        QTest::newRow("sign alone")       << c      << angle << "-"         << "-"         << QVariant()       << "-";
-        QTest::newRow("beyond")           << c      << angle << "-9999"     << "-9999"     << QVariant()       << "-1602.211";
-        QTest::newRow("nothing")          << c      << angle << "\b"        << ""          << QVariant()       << "1.534";
-        QTest::newRow("whole")            << c      << delay << "100"       << "100"       << QVariant(100)    << "100";
-        QTest::newRow("not whole")        << german << delay << "100,5"     << "100,5"     << QVariant()       << "100,5";
-        QTest::newRow("far beyond")       << c      << delay << "99999999999" << "99999999999" << QVariant()   << "508";
+        const Typing rows[] = {
+            {"comma",            German, angle, "2,5",         "2,5",         2.5,    "2,500"    },
+            {"point",            German, angle, "2.5",         "2,5",         2.5,    "2,500"    },
+            {"both",             German, angle, "1.234,5",     "1234,5",      1234.5, "1234,500" },
+            {"comma in English", c,      angle, "1,2",         "1.2",         1.2,    "1.200"    },
+            {"finer than shown", c,      angle, "1.23456",     "1.23456",     1.235,  "1.235"    },
+            {"unit",             c,      angle, "2 rad",       "2 rad",       {},     "2 rad"    },
+            {"sign alone",       c,      angle, "-",           "-",           {},     "-"        },
+            {"beyond",           c,      angle, "-9999",       "-9999",       {},     "-1602.211"},
+            {"nothing",          c,      angle, "\b",          "",            {},     "1.534"    },
+            {"whole",            c,      delay, "100",         "100",         100,    "100"      },
+            {"not whole",        German, delay, "100,5",       "100,5",       {},     "100,5"    },
+            {"far beyond",       c,      delay, "99999999999", "99999999999", {},     "508"      },
+        };
         // clang-format on
-    }
-
-    void typedText()
-    {
-        QFETCH(QLocale, locale);
-        QFETCH(QString, control);
-        QFETCH(QString, typed);
-        QFETCH(QVariant, applied);
-        QFETCH(QString, shownThen);
-        QLocale::setDefault(locale);
-        for (const bool isEntered : {true, false}) {
-            ConnectedEditView fixture;
-            QByteArray table = tableWith(78, 4, 1000);
-            ConnectedEditView::put(table, 5, 1, 100);
-            fixture.connectAndFeed(table);
-            fixture.view->show();
-            auto &field = fixture.child<QAbstractSpinBox>(qPrintable(control));
-            auto &input = dynamic_cast<IGroupInputComponent &>(field);
-            fixture.editSave(control == "ackResponseTimeSpinBox" ? "nv" : "v").setChecked(true);
-            fixture.view->activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(fixture.view.get()));
-            field.setFocus();
-            enter(field, typed);
-            QTEST(field.text(), "shownWhileTyped");
-            QCOMPARE(input.isDirty(), applied.isValid());
-            if (applied.isValid())
-                QCOMPARE(field.property("value"), applied);
-            if (isEntered)
-                QTest::keyClick(&field, Qt::Key_Return);
-            else
-                field.clearFocus();
-            QCOMPARE(field.text(), shownThen);
-            const bool isCorrected = shownThen == QString("-1602.211") || shownThen == QString("508");
-            QCOMPARE(input.isDirty(), applied.isValid() || isCorrected);
-            if (isCorrected)
-                QVERIFY2(QToolTip::text().contains("Range: "), qPrintable(QToolTip::text()));
-            QToolTip::hideText();
+        for (const Typing &row : rows) {
+            for (const bool isEntered : {true, false}) {
+                const InRow inRow(QString("%1, entered: %2").arg(row.name).arg(isEntered));
+                const Speaking speaking(row.locale);
+                ConnectedEditView fixture(ConnectedEditView::jointTable({{78, 4, 1000}, {5, 1, 100}}));
+                fixture.view->show();
+                auto &field = fixture.child<QAbstractSpinBox>(qPrintable(row.control));
+                auto &input = dynamic_cast<IGroupInputComponent &>(field);
+                fixture.editSave(row.control == delay ? "nv" : "v").setChecked(true);
+                fixture.view->activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(fixture.view.get()));
+                field.setFocus();
+                enter(field, QString(row.typed));
+                QCOMPARE(field.text(), QString(row.shownWhileTyped));
+                QCOMPARE(input.isDirty(), row.applied.isValid());
+                if (row.applied.isValid())
+                    QCOMPARE(field.property("value"), row.applied);
+                if (isEntered)
+                    QTest::keyClick(&field, Qt::Key_Return);
+                else
+                    field.clearFocus();
+                QCOMPARE(field.text(), QString(row.shownThen));
+                const bool isCorrected = QString(row.name).contains("beyond");
+                QCOMPARE(input.isDirty(), row.applied.isValid() || isCorrected);
+                if (isCorrected)
+                    QVERIFY2(QToolTip::text().contains("Range: "), qPrintable(QToolTip::text()));
+                QToolTip::hideText();
+            }
         }
-        QLocale::setDefault(QLocale::c());
     }
 
     void germanDisplays()
     {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        {
-            ConnectedEditView fixture;
-            fixture.connectAndFeed(tableWith(86, 4, 1000000));
-            QCOMPARE(fixture.child<QLineEdit>("modelNumberLineEdit").text(), QString("0,0"));
-            QCOMPARE(fixture.child<QLineEdit>("actualPositionLineEdit").text(), QString("1.533,981"));
-        }
-        QLocale::setDefault(QLocale::c());
+        const Speaking speaking(German);
+        const ConnectedEditView fixture(ConnectedEditView::jointTable({{86, 4, 1000000}}));
+        QCOMPARE(fixture.child<QLineEdit>("modelNumberLineEdit").text(), QString("0,0"));
+        QCOMPARE(fixture.child<QLineEdit>("actualPositionLineEdit").text(), QString("1.533,981"));
     }
 
     // What is no number is marked until the edit ends, also when the tab is left and shown again, and never applied.
     void unfinishedTextIsNoEdit()
     {
-        ConnectedEditView fixture;
-        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        fixture.connectAndFeed(tableWith(78, 4, 1024));
+        ConnectedEditView fixture(ConnectedEditView::jointTable({{78, 4, 1024}}));
         fixture.view->show();
         auto &target = fixture.child<ZelvarDoubleSpinBox>("targetPositionDoubleSpinBox");
         fixture.editSave("v").setChecked(true);
@@ -370,16 +370,12 @@ private Q_SLOTS:
         fixture.editSave("v").setChecked(true);
         enter(target, QString("2\r"));
         QVERIFY(fixture.editSave("v").isChecked());
-        QVERIFY(writes.isEmpty()); // Enter does not apply
+        QVERIFY(fixture.writes.isEmpty()); // Enter does not apply
     }
 
     void limitsThatCrossAreToldBeforeApply()
     {
-        ConnectedEditView fixture;
-        QByteArray table = tableWith(12, 1, 95);
-        ConnectedEditView::put(table, 13, 1, 160);
-        ConnectedEditView::put(table, 9, 2, 2047);
-        fixture.connectAndFeed(table);
+        ConnectedEditView fixture(ConnectedEditView::jointTable({{12, 1, 95}, {13, 1, 160}, {9, 2, 2047}}));
         fixture.editSave("nv").setChecked(true);
         const std::tuple<const char *, const char *, double, double> rows[] = {
             {"minVoltageLimitDoubleSpinBox", "maxVoltageLimitDoubleSpinBox", 16.5, 16.0},
@@ -401,8 +397,7 @@ private Q_SLOTS:
 
     void listsShowAllOfTheirEntries()
     {
-        ConnectedEditView fixture;
-        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        ConnectedEditView fixture(ConnectedEditView::jointTable());
         fixture.view->show();
         fixture.editSave("nv").setChecked(true);
         for (const char *name : {"baudRateComboBox", "operatingModeComboBox", "inputModeComboBox"}) {
@@ -426,8 +421,7 @@ private Q_SLOTS:
             QFont font = usual;
             font.setPointSize(points);
             QApplication::setFont(font);
-            ConnectedEditView fixture;
-            fixture.connectAndFeed(tableWith(86, 4, quint32(-1000000)));
+            ConnectedEditView fixture(ConnectedEditView::jointTable({{86, 4, quint32(-1000000)}}));
             fixture.view->resize(1134, 860);
             fixture.view->show();
             auto &value = fixture.child<QLineEdit>("actualPositionLineEdit");
@@ -444,10 +438,7 @@ private Q_SLOTS:
 
     void aStepIsWorthWhatItShows()
     {
-        ConnectedEditView fixture;
-        QByteArray table = tableWith(78, 4, 100);
-        ConnectedEditView::put(table, 68, 2, 2);
-        fixture.connectAndFeed(table);
+        ConnectedEditView fixture(ConnectedEditView::jointTable({{78, 4, 100}, {68, 2, 2}}));
         fixture.editSave("v").setChecked(true);
         auto &profile = fixture.child<QDoubleSpinBox>("angularVelocityProfileDoubleSpinBox");
         QTest::keyClick(&profile, Qt::Key_Up);
@@ -463,8 +454,7 @@ private Q_SLOTS:
 
     void wheelPassesControlsWithoutFocus()
     {
-        ConnectedEditView fixture;
-        fixture.connectAndFeed(tableWith(78, 4, 1024));
+        ConnectedEditView fixture(ConnectedEditView::jointTable({{78, 4, 1024}}));
         fixture.editSave("nv").setChecked(true);
         for (const char *name : {"idSpinBox", "operatingModeComboBox", "temperatureLimitDoubleSpinBox"}) {
             auto &control = fixture.child(name);

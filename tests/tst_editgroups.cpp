@@ -23,10 +23,8 @@ class TestEditGroups : public QObject
 private Q_SLOTS:
     void applyNeedsAnEdit()
     {
-        ConnectedEditView fixture;
+        ConnectedEditView fixture(ConnectedEditView::jointTable());
         auto &button = fixture.editSave("nv");
-        QVERIFY(!button.isEnabled());
-        fixture.connectAndFeed(ConnectedEditView::jointTable());
         auto &id = fixture.child<QSpinBox>("idSpinBox");
         auto &temperature = fixture.child<QDoubleSpinBox>("temperatureLimitDoubleSpinBox");
         button.click();
@@ -50,9 +48,7 @@ private Q_SLOTS:
         for (const char *group : {"nv", "v"}) {
             for (const bool isByMouse : {true, false}) {
                 const InRow row(QString(group) + (isByMouse ? " mouse" : " space"));
-                ConnectedEditView fixture;
-                QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-                fixture.connectAndFeed(ConnectedEditView::jointTable());
+                ConnectedEditView fixture(ConnectedEditView::jointTable());
                 fixture.view->show();
                 auto &button = fixture.editSave(group);
                 auto &field = fixture.child<QDoubleSpinBox>(group[0] == 'n' ? "temperatureLimitDoubleSpinBox"
@@ -62,7 +58,7 @@ private Q_SLOTS:
                 isByMouse ? QTest::mousePress(&button, Qt::LeftButton) : QTest::keyPress(&button, Qt::Key_Space);
                 fixture.groups().setServoReachable(false);
                 isByMouse ? QTest::mouseRelease(&button, Qt::LeftButton) : QTest::keyRelease(&button, Qt::Key_Space);
-                QCOMPARE(writes.size(), 1);
+                QCOMPARE(fixture.writes.size(), 1);
                 QVERIFY(!button.isChecked() && !field.isEnabled() && !fixture.cancel(group).isEnabled());
                 QCOMPARE(button.text(), QString("Edit"));
                 fixture.groups().setServoReachable(true);
@@ -74,9 +70,7 @@ private Q_SLOTS:
     // At first sight the non-volatile group's button is below the fold.
     void keysEditApplyAndCancelAndTheViewFollows()
     {
-        ConnectedEditView fixture;
-        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        fixture.connectAndFeed(ConnectedEditView::jointTable());
+        ConnectedEditView fixture(ConnectedEditView::jointTable());
         fixture.view->resize(1134, 500);
         fixture.view->show();
         fixture.view->activateWindow();
@@ -101,33 +95,9 @@ private Q_SLOTS:
             field.setValue(1);
             press(Qt::Key_F3, modifier);
             QVERIFY(!button.isChecked());
-            QCOMPARE(writes.size(), 1);
-            writes.clear();
+            QCOMPARE(fixture.writes.size(), 1);
+            fixture.writes.clear();
         }
-    }
-
-    void cancelAndDisconnectDropEdits()
-    {
-        ConnectedEditView fixture;
-        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        QByteArray table = ConnectedEditView::jointTable();
-        table[3] = 9;
-        auto &id = fixture.child<QSpinBox>("idSpinBox");
-        auto &mode = fixture.child<QComboBox>("operatingModeComboBox");
-        for (const bool isCancelled : {true, false}) {
-            fixture.connectAndFeed(table);
-            fixture.editSave("nv").click();
-            id.setValue(5);
-            mode.setCurrentIndex(0);
-            isCancelled ? fixture.cancel("nv").click() : fixture.groups().linkDown();
-            QCOMPARE(id.text(), QString(isCancelled ? "9" : ""));
-            QCOMPARE(mode.currentText(), QString(isCancelled ? "Joint" : "-"));
-            QCOMPARE(fixture.editSave("nv").text(), QString("Edit"));
-            QCOMPARE(fixture.editSave("nv").isEnabled(), isCancelled);
-            QVERIFY(!fixture.cancel("nv").isEnabled());
-            QVERIFY(!id.isEnabled());
-        }
-        QVERIFY(writes.isEmpty());
     }
 
     // Each field alone, in both units, over random contents: its own bits of the block change, no others.
@@ -136,7 +106,6 @@ private Q_SLOTS:
         QRandomGenerator random(20);
         for (const int unit : {0, 1}) {
             ConnectedEditView fixture(unit);
-            QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
             for (const EditedField &edited : editedFields()) {
                 QByteArray table(ConnectedEditView::TableSize, '\0');
                 for (char &byte : table)
@@ -151,11 +120,10 @@ private Q_SLOTS:
                 const int value = dynamic_cast<IUnitDataField &>(control).value();
                 fixture.editSave(edited.group()).click();
 
-                QCOMPARE(writes.size(), 1);
-                QCOMPARE(int(writes.first().at(0).value<uint8_t>()), edited.isVolatile() ? 48 : 3);
-                QCOMPARE(writes.first().at(1).toByteArray().toHex(),
-                         edited.block(edited.written(table, value)).toHex());
-                writes.clear();
+                QCOMPARE(fixture.writes.size(), 1);
+                QCOMPARE(fixture.writes[0].address, edited.isVolatile() ? 48 : 3);
+                QCOMPARE(fixture.writes[0].data.toHex(), edited.block(edited.written(table, value)).toHex());
+                fixture.writes.clear();
                 fixture.groups().linkDown();
             }
         }
@@ -164,7 +132,6 @@ private Q_SLOTS:
     void pollsLeaveEditsAlone()
     {
         ConnectedEditView fixture;
-        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
         auto &id = fixture.child<QSpinBox>("idSpinBox");
         auto &temperature = fixture.child<QDoubleSpinBox>("temperatureLimitDoubleSpinBox");
         QByteArray table = ConnectedEditView::jointTable();
@@ -179,31 +146,13 @@ private Q_SLOTS:
         QCOMPARE(id.text(), QString("5"));
         QCOMPARE(temperature.text(), QString("0"));
         fixture.editSave("nv").click();
-        QCOMPARE(int(writes[0].at(1).toByteArray()[8]), 77);
+        QCOMPARE(int(fixture.writes[0].data[8]), 77);
         fixture.editSave("nv").click(); // before the next poll: this goes on top of the first edit
         temperature.setValue(60);
         fixture.editSave("nv").click();
-        QCOMPARE(writes[1].at(1).toByteArray().left(9).toHex(), QByteArray("05000002000000003c"));
+        QCOMPARE(fixture.writes[1].data.left(9).toHex(), QByteArray("05000002000000003c"));
         fixture.feed(table); // the servo has the last word
         QCOMPARE(id.text(), QString("0"));
-    }
-
-    void lockingWithdrawsAnEdit()
-    {
-        ConnectedEditView fixture;
-        QSignalSpy writes(&fixture.groups(), &UiGroupHelper::addQueueRequest);
-        fixture.connectAndFeed(ConnectedEditView::jointTable());
-        fixture.editSave("v").click();
-        fixture.child<QDoubleSpinBox>("targetPositionDoubleSpinBox").setValue(1.0);
-        QVERIFY(fixture.editSave("v").isEnabled());
-        QByteArray wheel = ConnectedEditView::jointTable();
-        wheel[6] = 1;
-        fixture.feed(wheel);
-        fixture.feed(wheel);
-        QVERIFY(!fixture.editSave("v").isEnabled());
-        fixture.child<QDoubleSpinBox>("targetAngularVelocityDoubleSpinBox").setValue(1.0);
-        fixture.editSave("v").click();
-        QCOMPARE(writes.first().at(1).toByteArray().mid(30, 4), QByteArray(4, '\0'));
     }
 
     // Every kind of control, every way in which an edit ends.
@@ -223,8 +172,7 @@ private Q_SLOTS:
             ConnectedEditView fixture(1);
             fixture.groups().expectProofs();
             auto &control = fixture.child(name);
-            QByteArray before = ConnectedEditView::jointTable();
-            before[address] = char(raw);
+            const QByteArray before = ConnectedEditView::jointTable({{address, 1, quint32(raw)}});
             for (const End end : {ChangedBack, Cancelled, Locked, Disconnected, DisconnectedPending, Kept, NotKept}) {
                 const InRow row(QString("%1 %2").arg(name).arg(end));
                 fixture.connectAndFeed(before);
@@ -240,6 +188,7 @@ private Q_SLOTS:
                 QVERIFY(control.accessibleDescription().endsWith(changed));
                 QVERIFY(control.rect().contains(markOf(control)->geometry()));
 
+                QVERIFY(fixture.editSave(group).isEnabled());
                 if (end == ChangedBack)
                     control.metaObject()->userProperty().write(&control, unedited);
                 else if (end == Cancelled)
@@ -248,6 +197,11 @@ private Q_SLOTS:
                     dynamic_cast<IZelvarField &>(control).setLocked(true);
                 else if (end >= DisconnectedPending)
                     fixture.editSave(group).click();
+                QCOMPARE(dynamic_cast<IGroupInputComponent &>(control).isDirty(), end == Disconnected);
+                QCOMPARE(shown(control), end < Locked ? unedited : edited);
+                QCOMPARE(fixture.editSave(group).isEnabled(), end != ChangedBack && end != Locked);
+                QCOMPARE(fixture.writes.size(), end >= DisconnectedPending ? 1 : 0);
+                fixture.writes.clear();
                 if (end >= DisconnectedPending) {
                     fixture.feed(before); // read before the block was written
                     QCOMPARE(shown(control), edited);
@@ -268,6 +222,7 @@ private Q_SLOTS:
                     QCOMPARE(control.toolTip(), tip);
                 QVERIFY(!markOf(control));
                 fixture.groups().linkDown();
+                QCOMPARE(fixture.editSave(group).text(), QString("Edit"));
                 dynamic_cast<IZelvarField &>(control).setLocked(false);
             }
         }
@@ -276,8 +231,7 @@ private Q_SLOTS:
     void aDisabledButtonSaysWhy()
     {
         ConnectedEditView fixture;
-        QByteArray table = ConnectedEditView::jointTable();
-        table[48] = 1;
+        const QByteArray table = ConnectedEditView::jointTable({{48, 1, 1}});
         auto &motor = fixture.child<QCheckBox>("enableMotorCheckBox");
         // clang-format off
         const std::tuple<std::function<void()>, const char *, const char *> steps[] = {
@@ -288,6 +242,8 @@ private Q_SLOTS:
             {[&] { fixture.editSave("v").click(); },              "",                           "The first values"        },
             {[&] { fixture.feed(table); motor.click(); motor.click(); }, "", "Nothing has been changed"},
             {[&] { fixture.cancel("v").click(); },                "The motor is on",            ""                        },
+            {[&] { fixture.editSave("v").click(); motor.click(); }, "The motor is on", ""                        },
+            {[&] { fixture.editSave("v").click(); },              "",                           ""                        },
             {[&] { fixture.groups().setServoReachable(false); },  "The servo listens at",       "The servo listens at"    },
             {[&] { fixture.groups().linkDown(); },                "No servo is connected",      "No servo is connected"   },
         };
@@ -305,21 +261,6 @@ private Q_SLOTS:
         }
     }
 
-    void motorInhibitsNonVolatileEdits()
-    {
-        ConnectedEditView fixture;
-        QByteArray table = ConnectedEditView::jointTable();
-        table[48] = 1;
-        fixture.connectAndFeed(table);
-        for (const bool isApplied : {false, true}) {
-            fixture.editSave("v").click();
-            fixture.child<QCheckBox>("enableMotorCheckBox").setChecked(false);
-            QVERIFY(!fixture.editSave("nv").isEnabled());
-            (isApplied ? fixture.editSave("v") : fixture.cancel("v")).click();
-            QCOMPARE(fixture.editSave("nv").isEnabled(), isApplied);
-        }
-    }
-
     void viewsMayGoInAnyOrder()
     {
         for (const bool isFirstGone : {true, false}) {
@@ -328,8 +269,7 @@ private Q_SLOTS:
             (isFirstGone ? fixture.view : second).reset();
             auto *id = (isFirstGone ? second : fixture.view)->findChild<ZelvarSpinBox *>("idSpinBox");
             id->connected();
-            QByteArray table = ConnectedEditView::jointTable();
-            table[3] = 9;
+            const QByteArray table = ConnectedEditView::jointTable({{3, 1, 9}});
             fixture.feed(table); // of a servo that is not known yet
             QCOMPARE(id->text(), QString());
             fixture.connectAndFeed(table);

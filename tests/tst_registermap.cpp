@@ -1,24 +1,9 @@
-// What a servo is taken for, its registers, and the errors that it tells of.
+// What a servo is taken for, and its registers.
 
 #include "device/devicehelper.h"
-#include "device/dynamixelax12.h"
-#include "device/statushelper.h"
 #include "device/uiregisterhelper.h"
-#include "device/zelvarv1.h"
 #include "link/processwide.h"
 #include "tests/support/testenvironment.h"
-
-namespace {
-class StatusBox : public QWidget, public IStatusIndicator
-{
-public:
-    StatusBox(const QString &name, QWidget *parent) : QWidget(parent) { setObjectName(name); }
-    void setStatus(bool on) override { isOn = on; }
-
-    bool isOn = true;
-};
-
-} // namespace
 
 class TestRegisterMap : public QObject
 {
@@ -53,26 +38,6 @@ private Q_SLOTS:
         }
     }
 
-    void banksAreWhole()
-    {
-        const ZelvarV1 device;
-        const QVector<int> counts = {27, 14, 24, 22};
-        QVector<QSet<int>> rows(counts.size());
-        for (quint16 address = 0; address < 256; ++address) {
-            if (const auto description = device.registerDescription(address)) {
-                QVERIFY(address < device.controlTableSize());
-                rows[int(description->bank)] << description->row;
-                QCOMPARE(description->writable, quint32(address > 2 && address < 86));
-            }
-        }
-        for (int bank = 0; bank < counts.size(); ++bank) {
-            QCOMPARE(int(device.registerCount(quint32(bank))), counts.at(bank));
-            QCOMPARE(rows.at(bank).size(), counts.at(bank));
-        }
-        QCOMPARE(DynamixelAx12().registerCount(0), 0u);
-        QVERIFY(!DynamixelAx12().registerDescription(0));
-    }
-
     void everyPolledByteIsKept()
     {
         UiRegisterHelper helper;
@@ -92,35 +57,6 @@ private Q_SLOTS:
         QCOMPARE(helper.lastByte(8), std::optional<quint8>(1));
         helper.forgetValues();
         QVERIFY(!helper.lastByte(8));
-    }
-
-    // The scheduler walks from 0 by each item's size and has to meet an item below 120.
-    void pollMapHasNoHoles()
-    {
-        const UiRegisterHelper helper;
-        int end = 0;
-        for (const auto &[address, item] : helper.bindings()) {
-            QCOMPARE(int(address), end);
-            end += item->size;
-        }
-        QCOMPARE(end, 120);
-    }
-
-    void errorByte()
-    {
-        const QStringList names{"process",    "instruction", "checksum", "range",
-                                "dataLength", "dataLimit",   "access",   "alert"};
-        for (const int error : {0, 1, 2, 3, 4, 5, 6, 7, 0x82}) { // an alert hides the number
-            QWidget view;
-            for (const QString &name : names)
-                new StatusBox(name + "StatusCheckBox", &view);
-            StatusHelper helper(&view);
-            helper.update(qint8(error));
-            for (int box = 0; box < names.size(); ++box)
-                QCOMPARE(dynamic_cast<StatusBox *>(view.children()[box])->isOn, box + 1 == qMin(error, 8));
-            qDeleteAll(view.children());
-            helper.update(qint8(error)); // the boxes are gone
-        }
     }
 };
 

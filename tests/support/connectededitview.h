@@ -20,6 +20,20 @@ class ConnectedEditView
 public:
     static constexpr int TableSize = 118;
 
+    /** What a group has asked to be written. */
+    struct Write
+    {
+        int address;
+        QByteArray data;
+    };
+    /** The value of some registers, the lowest byte first. */
+    struct Value
+    {
+        int address;
+        int size;
+        quint32 value;
+    };
+
     /** @param unit the unit chosen for every quantity that has two. */
     explicit ConnectedEditView(int unit = 0)
     {
@@ -32,6 +46,15 @@ public:
                                         std::make_shared<InputModeController>()};
             });
         view = std::make_unique<EditView>();
+        QObject::connect(&groups(), &UiGroupHelper::addQueueRequest, &groups(),
+                         [this](uint8_t address, const QByteArray &data) {
+                             writes.append({address, data});
+                         });
+    }
+    /** With a servo that has been read. */
+    explicit ConnectedEditView(const QByteArray &table, int unit = 0) : ConnectedEditView(unit)
+    {
+        connectAndFeed(table);
     }
 
     ~ConnectedEditView()
@@ -65,11 +88,13 @@ public:
         ProcessWide<DeviceHelper>::instance()->onModelNumberRead(reply);
     }
 
-    /** A register table with the operating mode Joint and zeros. */
-    static QByteArray jointTable()
+    /** A register table with the operating mode Joint and zeros, but for @p values. */
+    static QByteArray jointTable(std::initializer_list<Value> values = {})
     {
         QByteArray table(TableSize, '\0');
         table[6] = 2;
+        for (const Value &value : values)
+            put(table, value.address, value.size, value.value);
         return table;
     }
 
@@ -125,4 +150,5 @@ public:
 
     std::unique_ptr<SettingsDialog> settings;
     std::unique_ptr<EditView> view;
+    QVector<Write> writes; ///< oldest first
 };

@@ -170,36 +170,27 @@ private Q_SLOTS:
         QCOMPARE(fixture.watcher.boxes, QStringList());
     }
 
-    void aServoThatFallsSilentIsToldOfUntilItAnswersAgain()
-    {
-        Fixture fixture;
-        fixture.servoId()->setValue(3);
-        fixture.connectToServo();
-        QTRY_COMPARE(fixture.status(), QString("No answer from servo 3"));
-        fixture.port->deliver(QByteArray(118 + 11, '\0'));
-        QCOMPARE(fixture.status(), QString("Connected"));
-        QTRY_COMPARE(fixture.status(), QString("No answer from servo 3"));
-        fixture.trigger("actionDisconnect");
-        QCOMPARE(fixture.status(), QString("Disconnected"));
-        QCOMPARE(fixture.watcher.boxes, QStringList());
-    }
-
     void anAppliedAddressIsTakenOver()
     {
         Fixture fixture;
         fixture.servoId()->setValue(3);
         fixture.connectToServo();
+        const auto *edit = fixture.window->findChild<QToolButton *>("vParamsEditSaveToolButton");
         const QByteArray address = QByteArray::fromHex("c8cf"); // 200 at 9600 baud
         Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(3, address + QByteArray(36, '\0'));
         QTRY_VERIFY(fixture.status().contains("address 200 and 9600 baud"));
         QCOMPARE(fixture.servoId()->value(), 200);
         QCOMPARE(SettingsDialog::instance()->portSettings().baudRate, 9600);
+        QCOMPARE(Settings("main window settings").value("servoId", 0).toInt(), 200);
+        QCOMPARE(Settings("port settings").value("baudRate", 0).toInt(), 9600);
+        QVERIFY(!edit->isEnabled()); // it would go to where the servo is no more
         // It answers where it was before: it has refused the block.
         QTRY_COMPARE(fixture.port->operations().last(), QString("read"));
         fixture.port->deliver(QByteArray(118 + 11, '\0'));
         QCOMPARE(fixture.status(), QString("Connected"));
         QCOMPARE(fixture.servoId()->value(), 3);
         QCOMPARE(SettingsDialog::instance()->portSettings().baudRate, 1000000);
+        QVERIFY(edit->isEnabled());
     }
 
     // Taken out of the window first, all its controls would be styled anew only to go.

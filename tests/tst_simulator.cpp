@@ -12,7 +12,6 @@
 
 #include <csignal>
 #include <cstdio>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -51,35 +50,6 @@ QByteArray pong(quint8 id)
     return wire::protocol2::encodeStatus(id, 0, QByteArray::fromHex("020115"));
 }
 
-QByteArray writeId(quint8 from, quint8 to)
-{
-    return wire::protocol2::encodeInstruction(
-        from, wire::Write, wire::protocol2::writeParameters(3, QByteArray(1, static_cast<char>(to))));
-}
-
-QByteArray done(quint8 id, quint8 error = wire::NoError)
-{
-    return wire::protocol2::encodeStatus(id, error, {});
-}
-
-/** While it lives, what starts finds a disk without room. */
-class FullDisk
-{
-public:
-    FullDisk()
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit none{0, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit before{};
-};
-
 void put(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
@@ -89,7 +59,7 @@ void put(const QString &path, const QByteArray &bytes)
 QByteArray contents(const QString &path)
 {
     QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /** How a simulator with @p arguments that does not come up ends: its exit code and the lines that it prints. */
@@ -138,19 +108,28 @@ private Q_SLOTS:
         }
     }
 
-    void deadSimulatorsAreIgnored()
+    void whatAKilledOneLeavesIsItsHeirs()
     {
+        const QTemporaryDir folder;
+        const QString link = folder.filePath("bus");
+        put(link + ".tmp", "mine");
+        const QStringList arguments{"--name", "bench", "--link", link};
+        const QString published = simulatedbuses::linkPath("bench");
         for (const bool isLookedFor : {true, false}) {
-            SimulatorProcess({"--name", "bench"}).kill();
-            QVERIFY(QFileInfo(simulatedbuses::linkPath("bench")).isSymLink());
+            SimulatorProcess killed(arguments);
+            QCOMPARE(refusal({"--link", link}), QString("2 1")); // it is in use
+            killed.kill();
+            QVERIFY(QFileInfo(published).isSymLink());
             if (isLookedFor)
                 QCOMPARE(publishedNames(), QStringList());
-            QCOMPARE(QFileInfo(simulatedbuses::linkPath("bench")).isSymLink(), !isLookedFor);
+            QCOMPARE(QFileInfo(published).isSymLink(), !isLookedFor);
         }
-        SimulatorProcess heir({"--name", "bench"});
+        SimulatorProcess heir(arguments);
         SimulatorProcess another;
         SimulatorProcess oneMore;
         QCOMPARE(publishedNames(), QStringList({"bench", "zelvar-sim", "zelvar-sim-2"}));
+        QCOMPARE(QFileInfo(link).canonicalFilePath(), heir.device());
+        QCOMPARE(contents(link + ".tmp"), QByteArray("mine"));
     }
 
     void refusesBadArguments()
@@ -171,22 +150,6 @@ private Q_SLOTS:
             QCOMPARE(refusal(arguments), QString("2 1"));
         }
         QCOMPARE(QFileInfo(link).symLinkTarget(), QString("/nowhere"));
-    }
-
-    void replacesOnlyItsOwnLinks()
-    {
-        const QTemporaryDir folder;
-        const QString link = folder.filePath("bus");
-        put(link + ".tmp", "mine");
-        const QStringList arguments{"--name", "bench", "--link", link};
-        {
-            SimulatorProcess killed(arguments);
-            QCOMPARE(refusal({"--link", link}), QString("2 1")); // it is in use
-            killed.kill();
-        }
-        SimulatorProcess heir(arguments);
-        QCOMPARE(QFileInfo(link).canonicalFilePath(), heir.device());
-        QCOMPARE(contents(link + ".tmp"), QByteArray("mine"));
     }
 
     void staysOutOfFoldersOfOthers()
@@ -240,79 +203,24 @@ private Q_SLOTS:
         }
     }
 
-    void defaultBusAnswersAtTheServosRates()
-    {
-        SimulatorProcess simulator;
-        Client client(simulator.device());
-        QCOMPARE(client.ask(ping(7) + ping(3), 14), pong(3)); // 7 is silent at this rate
-        QCOMPARE(client.ask(wire::protocol1::encode(5, wire::Read, QByteArray::fromHex("0003")), 9),
-                 wire::protocol1::encode(5, 0, QByteArray::fromHex("0C0018")));
-        QVERIFY(client.port.setBaudRate(57600));
-        QCOMPARE(client.ask(ping(0) + ping(7), 14), pong(7));
-    }
-
-    void stateSurvivesAKill()
-    {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("state.json");
-        const QStringList arguments{"--state", path, "--servo", "zelvar:1"};
-        SimulatorProcess killed(arguments);
-        const auto address = wire::protocol2::writeParameters(3, QByteArray::fromHex("0922"));
-        const auto write = wire::protocol2::encodeInstruction(1, wire::Write, address);
-        QCOMPARE(Client(killed.device()).ask(write, 11), done(1));
-        QCOMPARE(refusal(arguments), QString("2 1")); // one at a time
-        killed.kill();
-        // What another bus has there stays.
-        QCOMPARE(Client(SimulatorProcess({"--state", path, "--servo", "zelvar:2"}).device()).ask(ping(2), 14), pong(2));
-        SimulatorProcess simulator(arguments);
-        QCOMPARE(Client(simulator.device(), 57600).ask(ping(9), 14), pong(9));
-    }
-
-    void fullDiskLosesNothing()
-    {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("state.json");
-        QVERIFY(QFile::link(path, folder.filePath("link")));
-        const QStringList arguments{"--state", folder.filePath("link"), "--servo", "zelvar:1"};
-        QCOMPARE(Client(SimulatorProcess(arguments).device()).ask(writeId(1, 9), 11), done(1));
-        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
-        const QByteArray before = contents(path);
-        {
-            const FullDisk disk;
-            QCOMPARE(refusal({"--state", path, "--servo", "ax12:1"}), QString("2 1")); // it would have to be added
-        }
-        {
-            auto disk = std::make_unique<FullDisk>();
-            SimulatorProcess simulator(arguments);
-            disk.reset(); // the simulator's stays full
-            Client client(simulator.device());
-            QCOMPARE(client.ask(writeId(9, 5), 11), done(9, wire::ProcessFailure));
-            QCOMPARE(client.ask(ping(9), 14), pong(9));
-            simulator.kill();
-        }
-        QCOMPARE(contents(path), before);
-        SimulatorProcess simulator(arguments);
-        QCOMPARE(Client(simulator.device()).ask(writeId(9, 5), 11), done(9));
-        QVERIFY(contents(path) != before);
-        QCOMPARE(QFileInfo(path).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
-        QVERIFY(QFileInfo(folder.filePath("link")).isSymLink());
-    }
-
     void takesItsOwnStateFilesOnly()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("state.json");
-        const QStringList arguments{"--state", path, "--servo", "zelvar:1"};
-        const char *const foreign[] = {"",
-                                       "{}",
-                                       "[1]",
-                                       "notes",
-                                       "{'name': 'a package', 'version': 1}",
-                                       "{'zelvar:1': {'3': 9}, 'mine': 1}",
-                                       "{'zelvar:1': {'3': 'nine'}}",
-                                       "{'format': 'other', 'version': 1, 'servos': {}}",
-                                       "{'format': 'zelvar-servo-simulator state', 'version': 2, 'servos': {}}",
-                                       "{'format': 'zelvar-servo-simulator state', 'version': 1, 'servos': 3}"};
+        const QString link = folder.filePath("link");
+        QVERIFY(QFile::link(path, link));
+        const QStringList arguments{"--state", link, "--servo", "zelvar:1"};
+        // clang-format off
+        const char *const foreign[] = {
+            "", "{}", "[1]", "notes",
+            "{'name': 'a package', 'version': 1}",
+            "{'zelvar:1': {'3': 9}, 'mine': 1}",
+            "{'zelvar:1': {'3': 'nine'}}",
+            "{'format': 'other', 'version': 1, 'servos': {}}",
+            "{'format': 'zelvar-servo-simulator state', 'version': 2, 'servos': {}}",
+            "{'format': 'zelvar-servo-simulator state', 'version': 1, 'servos': 3}",
+        };
+        // clang-format on
         for (const char *text : foreign) {
             const InRow row(text);
             const QByteArray bytes = QByteArray(text).replace('\'', '"');
@@ -320,13 +228,17 @@ private Q_SLOTS:
             QCOMPARE(refusal(arguments), QString("2 1"));
             QCOMPARE(contents(path), bytes);
         }
-        put(path, QByteArray("{'zelvar:1': {'3': 9}, 'ax12:5#2': {'3': 8}}")
-                      .replace('\'', '"')); // as it was before the format had a name
+        // As it was before the format had a name, with what another bus has there; code 34 is 57600 baud.
+        put(path, QByteArray("{'zelvar:1': {'3': 9, '4': 34}, 'ax12:5#2': {'3': 8}}").replace('\'', '"'));
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
         SimulatorProcess simulator(arguments);
-        QCOMPARE(Client(simulator.device()).ask(ping(9), 14), pong(9));
+        QCOMPARE(Client(simulator.device(), 57600).ask(ping(7) + ping(9), 14), pong(9)); // there is no 7
+        QCOMPARE(refusal(arguments), QString("2 1"));                                    // one at a time
         const QJsonObject state = QJsonDocument::fromJson(contents(path)).object();
         QCOMPARE(state["format"].toString(), QString("zelvar-servo-simulator state"));
         QCOMPARE(state["servos"].toObject()["ax12:5#2"].toObject()["3"].toInt(), 8);
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(QFileInfo(path).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
     }
 };
 

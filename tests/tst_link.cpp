@@ -32,13 +32,6 @@ public:
     QList<int> errors;
 };
 
-class WriteSource : public QObject
-{
-    Q_OBJECT
-Q_SIGNALS:
-    void addQueueRequest(uint8_t address, const QByteArray &data);
-};
-
 } // namespace
 
 class TestLink : public QObject
@@ -113,12 +106,11 @@ private Q_SLOTS:
     void writesGoOutBeforePolls()
     {
         RecordingTarget target;
-        WriteSource source;
-        UiScheduler scheduler(7, m_helper, target, &source);
+        UiScheduler scheduler(7, m_helper, target, nullptr);
         UiScheduler replaced(8, m_helper, target, nullptr);
-        Q_EMIT source.addQueueRequest(48, "a");
-        Q_EMIT source.addQueueRequest(3, "b");
-        Q_EMIT source.addQueueRequest(48, "c");
+        scheduler.addQueueRequest(48, "a");
+        scheduler.addQueueRequest(3, "b");
+        scheduler.addQueueRequest(48, "c");
         scheduler.startScheduler(1);
         QTRY_VERIFY(m_port->calls.size() >= 5);
         scheduler.stopScheduler();
@@ -128,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(m_port->calls[3].id, 7);
         QCOMPARE(m_port->calls[3].length, 118);
         const int calls = m_port->calls.size();
-        Q_EMIT source.addQueueRequest(48, "d"); // waits for the timer
+        scheduler.addQueueRequest(48, "d"); // waits for the timer
         QCoreApplication::processEvents();
         QCOMPARE(m_port->calls.size(), calls);
     }

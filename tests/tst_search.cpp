@@ -208,22 +208,16 @@ private Q_SLOTS:
             QSignalSpy ids(&dialog, &SearchDialog::updateId);
             QWidget *rows = dialog.tree()->viewport();
             const auto placeOf = [&](QTreeWidgetItem *item) { return dialog.tree()->visualItemRect(item).center(); };
-            const auto click = [&](QTreeWidgetItem *item) {
-                QTest::mouseClick(rows, Qt::LeftButton, {}, placeOf(item));
-            };
-            const auto doubleClick = [&](QTreeWidgetItem *item) {
-                QTest::mouseDClick(rows, Qt::LeftButton, {}, placeOf(item));
-            };
-            click(root);
+            QTest::mouseClick(rows, Qt::LeftButton, {}, placeOf(root));
             QVERIFY(!dialog.button("select")->isEnabled());
-            click(root->child(0));
+            QTest::mouseClick(rows, Qt::LeftButton, {}, placeOf(root->child(0)));
             QVERIFY(dialog.button("select")->isEnabled());
-            doubleClick(root);
+            QTest::mouseDClick(rows, Qt::LeftButton, {}, placeOf(root));
             QVERIFY(dialog.isVisible());
             dialog.tree()->expandAll(); // the double click has folded it
-            click(root->child(0));
+            QTest::mouseClick(rows, Qt::LeftButton, {}, placeOf(root->child(0)));
             if (byDoubleClick)
-                doubleClick(root->child(0));
+                QTest::mouseDClick(rows, Qt::LeftButton, {}, placeOf(root->child(0)));
             else
                 dialog.button("select")->click();
             QCOMPARE(baudRates, QList<QVariantList>{{57600}});
@@ -240,20 +234,15 @@ private Q_SLOTS:
         const QStringList second = first + QStringList{"19200:1", "19200:2"};
         const QStringList all = second + QStringList{"38400:1", "38400:2"};
         // What a user does during the first probe or, queued, when events are processed before the second baud rate.
+        // clang-format off
         const std::tuple<const char *, Act, bool, QStringList, const char *> rows[] = {
-            {"abort, in the sweep", [](Dialog *d) { d->abortScan(); }, false, first,
-             "The search was aborted after 1 of 3 baud rates"},
-            {"abort, clicked", [](Dialog *d) { d->button("abortScan")->click(); }, true, second,
-             "The search was aborted after 2 of 3 baud rates"},
-            {"closed and shown again",
-             [](Dialog *d) {
-                 d->close();
-                 d->show();
-             },
-             true, first, ""},
-            {"destroyed", [](Dialog *d) { delete d; }, true, first, ""},
-            {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); }, true, all, "The search is over"},
+            {"abort, in the sweep",      [](Dialog *d) { d->abortScan(); },                  false, first,  "The search was aborted after 1 of 3 baud rates"},
+            {"abort, clicked",           [](Dialog *d) { d->button("abortScan")->click(); }, true,  second, "The search was aborted after 2 of 3 baud rates"},
+            {"closed and shown again",   [](Dialog *d) { d->close(); d->show(); },           true,  first,  ""},
+            {"destroyed",                [](Dialog *d) { delete d; },                        true,  first,  ""},
+            {"nothing: a scan in a scan", [](Dialog *d) { d->scan(); },                      true,  all,    "The search is over"},
         };
+        // clang-format on
         for (const auto &[name, act, isQueued, expected, statement] : rows) {
             const InRow row(name);
             const int threads = countOf("task");
@@ -269,10 +258,9 @@ private Q_SLOTS:
                             QVERIFY(dialog->button("abortScan")->isEnabled());
                             if (probes.size() > 1)
                                 return;
-                            if (queued)
-                                QTimer::singleShot(0, this, [&dialog, action] { action(dialog); });
-                            else
-                                action(dialog);
+                            if (!queued)
+                                return action(dialog);
+                            QTimer::singleShot(0, this, [&dialog, action] { action(dialog); });
                         });
                 dialog->scan();
                 QVERIFY(!dialog || !dialog->button("abortScan")->isEnabled());

@@ -5,6 +5,8 @@
 #include "device/zelvarv1.h"
 #include "tests/support/testenvironment.h"
 
+#include <QDomDocument>
+
 namespace {
 
 const QDir Catalogues(ZELVAR_TRANSLATIONS);
@@ -19,30 +21,20 @@ struct Message
 
 QVector<Message> messagesOf(const QString &path)
 {
-    QVector<Message> messages;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return messages;
-    QString context;
-    QXmlStreamReader xml(&file);
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (xml.name() == "name") {
-            context = xml.readElementText();
-        } else if (xml.name() == "message") {
-            messages.append({context, {}, {}, {}});
-        } else if (xml.name() == "source") {
-            messages.last().source = xml.readElementText();
-            messages.last().key += '|' + messages.last().source;
-        } else if (xml.name() == "comment") {
-            messages.last().key += '|' + xml.readElementText();
-        } else if (xml.name() == "translation") {
-            messages.last().type = xml.attributes().value("type").toString();
-            messages.last().translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-        }
+    QDomDocument catalogue;
+    if (!file.open(QIODevice::ReadOnly) || !catalogue.setContent(&file))
+        return {};
+    QVector<Message> messages;
+    const QDomNodeList nodes = catalogue.elementsByTagName("message");
+    for (int i = 0; i < nodes.size(); ++i) {
+        const auto text = [node = nodes.at(i)](const char *tag) { return node.firstChildElement(tag).text(); };
+        const QString context = nodes.at(i).parentNode().firstChildElement("name").text();
+        const QDomElement translation = nodes.at(i).firstChildElement("translation");
+        messages.append({QStringList{context, text("source"), text("comment")}.join('|'), text("source"),
+                         translation.attribute("type"), translation.text()});
     }
-    return xml.hasError() ? QVector<Message>() : messages;
+    return messages;
 }
 
 QStringList sortedMatches(const QString &text, const char *pattern)

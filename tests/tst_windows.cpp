@@ -53,27 +53,19 @@ double luminance(QRgb color)
     return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
 }
 
-double contrast(QRgb one, QRgb other)
-{
-    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
-/** The contrast of the most frequent colour, which is the ground, with what differs most from it. */
+/** Of the lightest and the darkest pixel. */
 double contrastIn(const QImage &image)
 {
-    QHash<QRgb, int> counts;
+    double darkest = 1;
+    double lightest = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            ++counts[image.pixel(x, y)];
+        for (int x = 0; x < image.width(); ++x) {
+            const double is = luminance(image.pixel(x, y));
+            darkest = std::min(darkest, is);
+            lightest = std::max(lightest, is);
+        }
     }
-    const QList<QRgb> colors = counts.keys();
-    const QRgb ground = *std::max_element(colors.begin(), colors.end(),
-                                          [&](QRgb one, QRgb other) { return counts[one] < counts[other]; });
-    double greatest = 1;
-    for (const QRgb color : colors)
-        greatest = std::max(greatest, contrast(ground, color));
-    return greatest;
+    return (lightest + 0.05) / (darkest + 0.05);
 }
 
 /** Where @p widget has text, or the handle of a scroll bar; empty for what has neither. */
@@ -147,26 +139,19 @@ class TestWindows : public QObject
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
 
-    void theCommandLineIsAnswered_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("platform");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QString>("says");
-        QTest::newRow("version") << QStringList{"--version"} << "none" << 0 << "zelvar-servo-manager " ZELVAR_VERSION;
-        QTest::newRow("help") << QStringList{"-h"} << "none" << 0 << "Usage: ";
-        QTest::newRow("unknown option") << QStringList{"-style", "fusion", "--speed"} << "offscreen" << 1 << "'speed'";
-        QTest::newRow("file") << QStringList{"servo.txt"} << "offscreen" << 1 << "\"servo.txt\"";
-    }
-
     void theCommandLineIsAnswered()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, platform);
-        QFETCH(QString, says);
-        const auto [exitCode, text] = run(arguments, qPrintable(platform));
-        QTEST(exitCode, "exitCode");
-        QVERIFY2(text.contains(says), qPrintable(text));
+        const std::tuple<QStringList, const char *, int, const char *> rows[] = {
+            {{"--version"}, "none", 0, "zelvar-servo-manager " ZELVAR_VERSION},
+            {{"-h"}, "none", 0, "Usage: "},
+            {{"-style", "fusion", "--speed"}, "offscreen", 1, "'speed'"},
+            {{"servo.txt"}, "offscreen", 1, "\"servo.txt\""},
+        };
+        for (const auto &[arguments, platform, expectedCode, says] : rows) {
+            const auto [exitCode, text] = run(arguments, platform);
+            QCOMPARE(exitCode, expectedCode);
+            QVERIFY2(text.contains(says), qPrintable(text));
+        }
     }
 
     void everythingCanBeReadOnEveryDesktop_data()
@@ -253,28 +238,24 @@ private Q_SLOTS:
         }
     }
 
-    void aWindowTakesWhatTheScreenHas_data()
-    {
-        QTest::addColumn<QRect>("wanted");
-        QTest::addColumn<QRect>("available");
-        QTest::addColumn<QRect>("fitted");
-        const QRect small(0, 0, 1366, 768);
-        // clang-format off
-        QTest::newRow("fits")           << QRect(700, 50, 1192, 1428)  << QRect(0, 0, 2560, 1600)    << QRect(700, 50, 1192, 1428);
-        QTest::newRow("too high")       << QRect(50, 50, 1192, 1428)   << small                      << QRect(50, 30, 1192, 734);
-        QTest::newRow("too wide")       << QRect(50, 50, 1400, 400)    << small                      << QRect(4, 50, 1358, 400);
-        QTest::newRow("frame too much") << QRect(4, 30, 1192, 760)     << small                      << QRect(4, 30, 1192, 734);
-        QTest::newRow("outside")        << QRect(-500, 2000, 600, 400) << small                      << QRect(4, 364, 600, 400);
-        QTest::newRow("on another")     << QRect(1300, 50, 1192, 1428) << QRect(1366, 20, 1366, 748) << QRect(1370, 50, 1192, 714);
-        QTest::newRow("no room")        << QRect(0, 0, 1192, 1428)     << QRect(0, 0, 4, 4)          << QRect(4, 30, 0, 0);
-        // clang-format on
-    }
-
     void aWindowTakesWhatTheScreenHas()
     {
-        QFETCH(QRect, wanted);
-        QFETCH(QRect, available);
-        QTEST(screenfit::fitted(wanted, available, QMargins(4, 30, 4, 4)), "fitted");
+        const QRect small(0, 0, 1366, 768);
+        // clang-format off
+        const std::tuple<const char *, QRect, QRect, QRect> rows[] = {
+            {"fits",           {700, 50, 1192, 1428},  {0, 0, 2560, 1600},    {700, 50, 1192, 1428}},
+            {"too high",       {50, 50, 1192, 1428},   small,                 {50, 30, 1192, 734}  },
+            {"too wide",       {50, 50, 1400, 400},    small,                 {4, 50, 1358, 400}   },
+            {"frame too much", {4, 30, 1192, 760},     small,                 {4, 30, 1192, 734}   },
+            {"outside",        {-500, 2000, 600, 400}, small,                 {4, 364, 600, 400}   },
+            {"on another",     {1300, 50, 1192, 1428}, {1366, 20, 1366, 748}, {1370, 50, 1192, 714}},
+            {"no room",        {0, 0, 1192, 1428},     {0, 0, 4, 4},          {4, 30, 0, 0}        },
+        };
+        // clang-format on
+        for (const auto &[name, wanted, available, fitted] : rows) {
+            const InRow row(name);
+            QCOMPARE(screenfit::fitted(wanted, available, QMargins(4, 30, 4, 4)), fitted);
+        }
     }
 
     void theWindowFitsTheScreenAtEachStart()

@@ -191,22 +191,6 @@ private Q_SLOTS:
         }
     }
 
-    void usersDoNotDisturbEachOther()
-    {
-        Rig rig;
-        QVector<BusRequest> finished;
-        connect(&rig.bus(), &ServoBus::requestFinished, this, [&](const BusRequest &r) { finished.append(r); });
-        rig.ask("first", ReadOne);
-        rig.read(10, 1); // equal, but somebody else's
-        rig.ask("write", writeOf("a"));
-        rig.ask("second", ReadOne);
-        rig.settle();
-        QCOMPARE(rig.log, (QStringList{"first Answered 1", "write Answered 1", "second Answered 1"}));
-        QCOMPARE(rig.replies.size(), 1);
-        QCOMPARE(rig.sent(), QString("rrar"));
-        QCOMPARE(finished.size(), 4);
-    }
-
     void urgentRequestsGoFirst()
     {
         Rig rig(answering({{}, {}, status(0)}));
@@ -341,10 +325,13 @@ private Q_SLOTS:
         QCOMPARE(rig.replies.size(), 1); // the newest request's only
         QCOMPARE(rig.sent(), QString("rabcr"));
         rig.read(0, 4);
-        rig.ask("another user's", writeOf("d"));
+        rig.ask("another user's read", {Operation::Read, ServoId, 0, 4, {}}); // equal, and not joined
+        rig.ask("another user's write", writeOf("d"));
         rig.read(0, 4);
         rig.settle();
-        QCOMPARE(rig.sent(), QString("rabcrrdr"));
+        QCOMPARE(rig.sent(), QString("rabcrrrdr"));
+        QCOMPARE(rig.log, (QStringList{"another user's read Answered 1", "another user's write Answered 1"}));
+        QCOMPARE(rig.replies.size(), 2);
     }
 
     void theNewestRequestDecidesAboutRepeats()

@@ -140,17 +140,6 @@ private Q_SLOTS:
         QCOMPARE(again.dialog->portSettings().baudRate, 57600);
         QCOMPARE(digits(again.dialog->units()), QString("010000000"));
     }
-
-    void thePortOfAServoThatWasFoundIsUsedAndShown()
-    {
-        Fixture fixture;
-        fixture.port->listPorts({"three"}); // plugged in after the dialog has listed the ports
-        fixture.dialog->usePort("three");
-        QCOMPARE(fixture.dialog->portSettings().portName, QString("three"));
-        QCOMPARE(Settings("port settings").value("serialPortName", {}).toString(), QString("three"));
-        fixture.dialog->show();
-        QCOMPARE(fixture.box("serialPortInfoListBox")->currentText(), QString("three"));
-    }
 };
 
 ZELVAR_TEST_MAIN(TestSettings)

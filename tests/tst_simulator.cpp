@@ -232,10 +232,15 @@ private Q_SLOTS:
         put(path, QByteArray("{'zelvar:1': {'3': 9, '4': 34}, 'ax12:5#2': {'3': 8}}").replace('\'', '"'));
         QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
         SimulatorProcess simulator(arguments);
-        QCOMPARE(Client(simulator.device(), 57600).ask(ping(7) + ping(9), 14), pong(9)); // there is no 7
-        QCOMPARE(refusal(arguments), QString("2 1"));                                    // one at a time
+        Client client(simulator.device(), 57600);
+        QCOMPARE(client.ask(ping(7) + ping(9), 14), pong(9)); // there is no 7
+        const QByteArray newId = wire::protocol2::writeParameters(3, "\5");
+        QCOMPARE(client.ask(wire::protocol2::encodeInstruction(9, wire::Write, newId), 11),
+                 wire::protocol2::encodeStatus(9, 0, {}));
+        QCOMPARE(refusal(arguments), QString("2 1")); // one at a time
         const QJsonObject state = QJsonDocument::fromJson(contents(path)).object();
         QCOMPARE(state["format"].toString(), QString("zelvar-servo-simulator state"));
+        QCOMPARE(state["servos"].toObject()["zelvar:1"].toObject()["3"].toInt(), 5);
         QCOMPARE(state["servos"].toObject()["ax12:5#2"].toObject()["3"].toInt(), 8);
         QVERIFY(QFileInfo(link).isSymLink());
         QCOMPARE(QFileInfo(path).permissions() & QFile::Permissions(0x0077), QFile::Permissions());

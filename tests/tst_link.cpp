@@ -14,18 +14,16 @@ class RecordingTarget : public IPollTarget
 public:
     RecordingTarget()
     {
-        for (int address = 0; address < 120; address += sizeAt(address))
-            bindings[quint8(address)] = std::make_shared<RegisterItemHelper>(RegisterItemHelper{
-                quint8(sizeAt(address)), [this, address](qint32 value) { handled[address] = value; }});
+        for (int address = 0; address < 120; address += 4)
+            bindings[quint8(address)] = std::make_shared<RegisterItemHelper>(
+                RegisterItemHelper{4, [this, address](qint32 value) { handled[address] = value; }});
     }
-    static int sizeAt(int address) { return address < 116 ? 4 : (address == 116 ? 2 : 1); }
 
     const RegisterBindings &registerBindings() const override { return bindings; }
-    quint8 readLength() const override { return length; }
+    quint8 readLength() const override { return 118; }
     void updateRegister(quint16 address, quint8, quint32 value) override { shown[address] = value; }
     void updateStatus(qint8 error) override { errors.append(error); }
 
-    quint8 length = 118;
     RegisterBindings bindings;
     QMap<int, qint32> handled;
     QMap<int, quint32> shown;

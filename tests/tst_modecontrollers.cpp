@@ -50,10 +50,7 @@ bool isUsed(const QByteArray &pattern, int mode, int inputMode, bool wasUsed)
 
 QByteArray tableWith(int mode, int inputMode)
 {
-    QByteArray table(ConnectedEditView::TableSize, '\0');
-    ConnectedEditView::put(table, 6, 1, quint32(mode));
-    ConnectedEditView::put(table, 26, 1, quint32(inputMode));
-    return table;
+    return ConnectedEditView::jointTable({{6, 1, quint32(mode)}, {26, 1, quint32(inputMode)}});
 }
 
 } // namespace
@@ -107,8 +104,7 @@ private Q_SLOTS:
 
     void locksFollowOneValueLate()
     {
-        ConnectedEditView fixture;
-        fixture.connectAndFeed(tableWith(Joint, 0));
+        ConnectedEditView fixture(tableWith(Joint, 0));
         for (const bool isFirst : {true, false}) {
             fixture.feed(tableWith(Wheel, 0));
             QCOMPARE(fixture.child("targetPositionLabel").isEnabled(), isFirst);

@@ -1,7 +1,8 @@
-// The register tables: where a byte goes, how it reads, and that a hidden view costs nothing and loses nothing.
+// The registers of a connected servo: what it is taken for, what was read of it last, and the tables that show them.
 
 #include "device/devicehelper.h"
 #include "device/idevice.h"
+#include "device/uiregisterhelper.h"
 #include "link/processwide.h"
 #include "link/serialhelper.h"
 #include "settings/settings.h"
@@ -65,6 +66,43 @@ class TestRegisterView : public QObject
 
 private Q_SLOTS:
     void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
+
+    void identification()
+    {
+        const QByteArray zeros(13, '\0');
+        // clang-format off
+        const std::tuple<const char *, QByteArray, bool> rows[] = {
+            {"12, 0: AX-12",                      QByteArray(zeros).replace(5, 1, "\x0C"),        false},
+            {"12, 1",                             QByteArray(zeros).replace(5, 2, "\x0C\x01"),    true },
+            {"upper byte with the top bit",       QByteArray(zeros).replace(5, 2, "\x0C\x80"),    true },
+            {"short: only the lower byte, of 12", QByteArray(zeros).replace(5, 1, "\x0C").left(6), true },
+        };
+        // clang-format on
+        for (const auto &[name, reply, isOwnFamily] : rows) {
+            const InRow row(name);
+            DeviceHelper helper(nullptr, [] {});
+            helper.onModelNumberRead(reply);
+            QCOMPARE(helper.device()->hasRegisterMap(), isOwnFamily);
+            QCOMPARE(helper.device()->controlTableSize(), isOwnFamily ? 118u : 50u);
+        }
+    }
+
+    void whatWasReadIsTheServosThatIsConnected()
+    {
+        Fixture fixture;
+        fixture.load();
+        UiRegisterHelper helper;
+        helper.take(QByteArray(120, '\5'), {}); // two more than there are
+        QCOMPARE(helper.lastByte(117), std::optional<quint8>(5));
+        QVERIFY(!helper.lastByte(118));
+        fixture.load(); // another connection's
+        QVERIFY(!helper.lastByte(3));
+        helper.bindings().at(7)->handler(0x0102); // a value that came without a table
+        QVERIFY(!helper.lastByte(3));
+        QCOMPARE(helper.lastByte(8), std::optional<quint8>(1));
+        helper.forgetValues();
+        QVERIFY(!helper.lastByte(8));
+    }
 
     void everyRegisterHasARowOfItsOwn()
     {

@@ -323,6 +323,21 @@ private Q_SLOTS:
         QCOMPARE(keys(report.edited), both);
     }
 
+    void whatIsOnItsWayIsToldUntilTheNextConnection()
+    {
+        for (const bool isConnectedAnew : {false, true}) {
+            Fixture fixture;
+            fixture.connectAndRead();
+            fixture.send(Volatile, blockOf(Volatile, fixture.servo.registers));
+            fixture.runUntil([&] { return fixture.line->sent.size() == 2; }); // the read that proves it
+            fixture.connection->end();
+            if (isConnectedAnew)
+                fixture.connection->begin({3, BaudRate});
+            fixture.runUntil([] { return false; });
+            QCOMPARE(fixture.reports.size(), std::size_t(isConnectedAnew ? 0 : 1));
+        }
+    }
+
     void whatWasNeverSentIsTold()
     {
         Fixture fixture;

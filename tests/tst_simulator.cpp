@@ -244,6 +244,9 @@ private Q_SLOTS:
         QCOMPARE(state["servos"].toObject()["ax12:5#2"].toObject()["3"].toInt(), 8);
         QVERIFY(QFileInfo(link).isSymLink());
         QCOMPARE(QFileInfo(path).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
+        simulator.kill();
+        SimulatorProcess heir(arguments);
+        QCOMPARE(Client(heir.device(), 57600).ask(ping(5), 14), pong(5));
     }
 };
 

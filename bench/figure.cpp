@@ -41,6 +41,18 @@ Figure Figure::atLeast(const QString &name, double ours, double baseline, const 
     return {Limit::RatioAtLeast, name, ours, baseline, unit, limit};
 }
 
+Figure Figure::information(const QString &name, double ours, double baseline, const QString &unit)
+{
+    return {Limit::None, name, ours, baseline, unit, 0.0};
+}
+
+Figure Figure::watchedAt(double ratio) const
+{
+    Figure watched = *this;
+    watched.m_watchedRatio = ratio;
+    return watched;
+}
+
 Figure Figure::absolute(const QString &name, double ours, const QString &unit, double limit)
 {
     return {Limit::ValueAtMost, name, ours, 0.0, unit, limit};
@@ -53,7 +65,28 @@ double Figure::compared() const
 
 bool Figure::isMet() const
 {
-    return m_kind == Limit::RatioAtLeast ? compared() >= m_limit : compared() <= m_limit;
+    return m_kind == Limit::None || (m_kind == Limit::RatioAtLeast ? compared() >= m_limit : compared() <= m_limit);
+}
+
+bool Figure::isWorse() const
+{
+    constexpr double Tolerance = 1.05;
+    return m_watchedRatio > 0.0 && compared() > m_watchedRatio * Tolerance;
+}
+
+QString Figure::limitText() const
+{
+    switch (m_kind) {
+    case Limit::RatioAtMost:
+        return QString::fromUtf8("≤ ") + QString::number(m_limit, 'f', 2);
+    case Limit::RatioAtLeast:
+        return QString::fromUtf8("≥ ") + QString::number(m_limit, 'f', 2);
+    case Limit::ValueAtMost:
+        return QString::fromUtf8("≤ ") + QString::number(m_limit) + QLatin1Char(' ') + m_unit;
+    case Limit::None:
+        return QStringLiteral("-");
+    }
+    Q_UNREACHABLE();
 }
 
 QStringList Figure::cells() const
@@ -65,9 +98,10 @@ QStringList Figure::cells() const
             withUnit(m_ours),
             isRatio ? withUnit(m_baseline) : none,
             isRatio ? QString::number(compared(), 'f', 2) : none,
-            QString::fromUtf8(m_kind == Limit::RatioAtLeast ? "≥ " : "≤ ") +
-                (isRatio ? QString::number(m_limit, 'f', 2) : QString::number(m_limit) + QLatin1Char(' ') + m_unit),
-            isMet() ? QStringLiteral("yes") : QStringLiteral("NO")};
+            limitText(),
+            m_kind == Limit::None ? none
+            : isMet()             ? QStringLiteral("yes")
+                                  : QStringLiteral("NO")};
 }
 
 QString tableOf(const Figures &figures)

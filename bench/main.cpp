@@ -33,6 +33,7 @@ constexpr Measurement Measurements[] = {
     {"all",       everythingShown    },
     {"registers", registersShown     },
     {"start",     startTime          },
+    {"count",     startInstructions  },
     {"live",      liveProgram        },
     {"scan",      silentScan         },
     {"stop",      keyToWire          },
@@ -99,5 +100,12 @@ int main(int argc, char *argv[])
     if (figures.empty())
         parser.showHelp(1);
     std::fputs(qUtf8Printable(tableOf(figures)), stdout);
-    return 0;
+    bool isWorse = false;
+    for (const Figure &figure : figures) {
+        if (!figure.isWorse())
+            continue;
+        isWorse = true;
+        std::fprintf(stderr, "worse than before: %s\n", qPrintable(figure.cells().join(QStringLiteral(" | "))));
+    }
+    return isWorse ? 1 : 0;
 }

@@ -12,8 +12,12 @@
 #include <QWidget>
 
 #include <cstdio>
+#include <cstdlib>
 
-/** Prints when the first window has been painted; then, if it is told to, it chooses a tab and a size and connects. */
+/**
+ * Prints when the first window has been painted; then, if it is told to, it leaves or closes the program, or chooses a
+ * tab and a size and connects.
+ */
 class Watcher : public QObject
 {
 public:
@@ -36,6 +40,10 @@ private:
     {
         std::printf("%.1f\n", wallTime());
         std::fflush(stdout);
+        if (qEnvironmentVariableIsSet("ZELVAR_BENCH_LEAVE"))
+            std::_Exit(0); // what the end costs is not meant
+        if (qEnvironmentVariableIsSet("ZELVAR_BENCH_CLOSE"))
+            QApplication::closeAllWindows();
         bool hasTab = false;
         const int tab = qEnvironmentVariableIntValue("ZELVAR_BENCH_TAB", &hasTab);
         if (!hasTab)

@@ -1,0 +1,10 @@
+# Writes the form FORM to OUT with each promoted class replaced by the Qt class that it extends.
+file(READ ${FORM} form)
+string(REGEX MATCHALL "<class>[A-Za-z]+</class>[ \n]*<extends>[A-Za-z]+</extends>" promotions "${form}")
+foreach(promotion IN LISTS promotions)
+    string(REGEX REPLACE "<class>([A-Za-z]+)</class>.*" "\\1" promoted "${promotion}")
+    string(REGEX REPLACE ".*<extends>([A-Za-z]+)</extends>" "\\1" extended "${promotion}")
+    string(REPLACE "<widget class=\"${promoted}\"" "<widget class=\"${extended}\"" form "${form}")
+endforeach()
+string(REGEX REPLACE "<customwidgets>.*</customwidgets>" "" form "${form}")
+file(WRITE ${OUT} "${form}")

@@ -3,9 +3,12 @@
 #include "serialport/replylayout.h"
 #include "serialport/simulatedbuses.h"
 
+#include <QAbstractEventDispatcher>
 #include <QSerialPortInfo>
+#include <QTimer>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -15,6 +18,23 @@ using Operation = BusRequest::Operation;
 bool isAnswer(const BusResult &result)
 {
     return result.outcome == BusResult::Outcome::Answered || result.outcome == BusResult::Outcome::Refused;
+}
+
+/**
+ * The ports that the system has. Reading them is dear, and the dialogs of a start ask one after the other: until this
+ * thread waits for events again, the answer stays the same.
+ */
+QList<QSerialPortInfo> systemPorts()
+{
+    static thread_local std::optional<QList<QSerialPortInfo>> known;
+    if (known)
+        return *known;
+    const auto ports = QSerialPortInfo::availablePorts();
+    if (QAbstractEventDispatcher::instance()) {
+        known = ports;
+        QTimer::singleShot(0, [] { known.reset(); });
+    }
+    return ports;
 }
 
 } // namespace
@@ -56,8 +76,8 @@ std::vector<std::shared_ptr<SerialPortItem>> ZelvarSerialPortInterface::getSeria
         items.push_back(std::make_shared<SerialPortItem>(bus.name, tr("Simulated servo bus"), QString(), bus.device,
                                                          quint16(0), quint16(0)));
     }
-    const auto systemPorts = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo &port : systemPorts) {
+    const auto ports = systemPorts();
+    for (const QSerialPortInfo &port : ports) {
         items.push_back(std::make_shared<SerialPortItem>(port.portName(), port.description(), port.manufacturer(),
                                                          port.systemLocation(), port.vendorIdentifier(),
                                                          port.productIdentifier()));

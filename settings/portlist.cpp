@@ -4,13 +4,43 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QEvent>
 #include <QStyledItemDelegate>
 
-void markCurrentEntry(QComboBox &list)
+namespace {
+
+void styleEntries(QComboBox &list)
 {
     list.setItemDelegate(new QStyledItemDelegate(&list)); // the default one paints entries of a menu
     list.view()->setStyleSheet(
         QStringLiteral("selection-background-color: palette(highlight); selection-color: palette(highlighted-text);"));
+}
+
+/** Styles the entries of the list that it belongs to when that is shown first, since it makes the pop-up. */
+class EntryStyler : public QObject
+{
+public:
+    explicit EntryStyler(QComboBox &list) : QObject(&list), m_list(list) { list.installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show) {
+            m_list.removeEventFilter(this);
+            styleEntries(m_list);
+            deleteLater();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QComboBox &m_list;
+};
+
+} // namespace
+
+void markCurrentEntry(QComboBox &list)
+{
+    new EntryStyler(list); // belongs to the list
 }
 
 void fillPortList(QComboBox &list, const std::vector<std::shared_ptr<SerialPortItem>> &ports,

@@ -125,6 +125,7 @@ void RegisterView::showEvent(QShowEvent *event)
 void RegisterView::styleTables()
 {
     for (QTableWidget *table : m_tables) {
+        table->setStyleSheet(TableStyle); // first: what follows asks for sizes, which a table is styled for
         table->verticalHeader()->hide();
         table->horizontalHeader()->setStretchLastSection(true);
         table->setColumnWidth(AddressColumn, AddressColumnWidth);
@@ -133,7 +134,6 @@ void RegisterView::styleTables()
         // Long descriptions differ at their ends: "(lower)", "(upper)".
         table->setWordWrap(false);
         table->setTextElideMode(Qt::ElideMiddle);
-        table->setStyleSheet(TableStyle);
     }
 }
 

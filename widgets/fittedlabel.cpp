@@ -39,8 +39,6 @@ void FittedLabel::resizeEvent(QResizeEvent *event)
 
 bool FittedLabel::event(QEvent *event)
 {
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        m_widths.clear();
     const bool isHandled = QLabel::event(event);
     ground::declareOwn(*this, *event);
     return isHandled;
@@ -54,10 +52,15 @@ void FittedLabel::paintEvent(QPaintEvent *event)
 
 int FittedLabel::textWidth(int stretch) const
 {
+    const QFont unstretched = stretchedFont(font(), FullStretch);
+    if (unstretched != m_measured) {
+        m_measured = unstretched;
+        m_widths.clear();
+    }
     const auto known = m_widths.constFind(stretch);
     if (known != m_widths.constEnd())
         return *known;
-    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(font(), stretch)).horizontalAdvance(text()));
+    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(m_measured, stretch)).horizontalAdvance(text()));
 }
 
 /** What the label needs beside its text. */
@@ -67,13 +70,21 @@ int FittedLabel::surroundings() const
     return margins.left() + margins.right() + 2 * (margin() + frameWidth());
 }
 
+/** Where to begin to look for the stretch that fits: one step above what the widths say, which are not quite linear. */
+int FittedLabel::firstStretch(int available) const
+{
+    const int share = FullStretch * qMax(available, 0) / qMax(textWidth(FullStretch), 1);
+    const int steps = (share - LeastStretch) / StretchStep + 2;
+    return qBound(LeastStretch, LeastStretch + steps * StretchStep, FullStretch);
+}
+
 /** Draws the letters together as far as needed; left to the time when the label is seen, since until then it grows. */
 void FittedLabel::fit()
 {
     if (!isVisible())
         return;
     const int available = width() - surroundings();
-    int stretch = FullStretch;
+    int stretch = firstStretch(available);
     while (stretch > LeastStretch && textWidth(stretch) > available)
         stretch -= StretchStep;
     const bool isCut = textWidth(stretch) > available;

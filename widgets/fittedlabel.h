@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QHash>
 #include <QLabel>
 
@@ -27,8 +28,10 @@ protected:
 private:
     int textWidth(int stretch) const;
     int surroundings() const;
+    int firstStretch(int available) const;
     void fit();
 
-    /** Pixels of the text at a stretch; measuring is dear, and layouts ask again and again. */
+    /** Pixels of the text at a stretch in m_measured; measuring is dear, and layouts ask again and again. */
     mutable QHash<int, int> m_widths;
+    mutable QFont m_measured; ///< unstretched
 };

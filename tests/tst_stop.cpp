@@ -2,6 +2,7 @@
 // program, against every fault of the line and whatever is open.
 
 #include "app/boxes.h"
+#include "guide/guidewindow.h"
 #include "link/processwide.h"
 #include "model/families.h"
 #include "search/searchdialog.h"
@@ -303,6 +304,8 @@ private Q_SLOTS:
                 QTimer::singleShot(0, &desk.watcher, [&] { press(*QApplication::activeModalWidget()); });
                 boxes::show(desk.window.get(), QMessageBox::Critical, "Error", "text");
             }},
+            {"not applied", [](StopDesk &desk, const auto &press) { press(*boxes::tell(desk.window.get(), QMessageBox::Warning, "Not applied", "text")); }},
+            {"guide",    [](StopDesk &desk, const auto &press) { desk.trigger("actionGuide"); press(*desk.find<guide::GuideWindow>("guideWindow")); }},
             {"scan",     [](StopDesk &desk, const auto &press) {
                 desk.trigger("actionSearch");
                 SearchDialog &dialog = *SearchDialog::instance();

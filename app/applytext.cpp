@@ -84,7 +84,8 @@ QString formCaption(const QWidget &view, const QWidget &control)
         return control.accessibleName();
     if (const auto *button = qobject_cast<const QAbstractButton *>(&control))
         return button->text();
-    for (const QLabel *label : view.findChildren<QLabel *>()) {
+    const auto labels = view.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
         if (label->buddy() != &control)
             continue;
         const auto *unitLabel = qobject_cast<const ZelvarUnitLabel *>(label);

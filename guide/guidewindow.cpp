@@ -72,7 +72,8 @@ QString GuideWindow::installedFolder()
 QString GuideWindow::chapterOf(const QString &heading)
 {
     QString chapter;
-    for (const QChar letter : heading.toLower()) {
+    const QString lower = heading.toLower();
+    for (const QChar letter : lower) {
         if (letter.isLetterOrNumber() || letter == QLatin1Char('-'))
             chapter.append(letter);
         else if (letter.isSpace())
@@ -108,7 +109,8 @@ void GuideWindow::load(const QUrl &page)
 /** Without lines, the cells of a table run into each other. */
 void GuideWindow::layOutTables()
 {
-    for (QTextFrame *frame : m_page->document()->rootFrame()->childFrames()) {
+    const auto frames = m_page->document()->rootFrame()->childFrames();
+    for (QTextFrame *frame : frames) {
         if (auto *table = qobject_cast<QTextTable *>(frame))
             table->setFormat(ruled(table->format()));
     }

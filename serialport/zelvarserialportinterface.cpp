@@ -30,9 +30,9 @@ QList<QSerialPortInfo> systemPorts()
     if (known)
         return *known;
     const auto ports = QSerialPortInfo::availablePorts();
-    if (QAbstractEventDispatcher::instance()) {
+    if (auto *dispatcher = QAbstractEventDispatcher::instance()) {
         known = ports;
-        QTimer::singleShot(0, [] { known.reset(); });
+        QTimer::singleShot(0, dispatcher, [] { known.reset(); });
     }
     return ports;
 }

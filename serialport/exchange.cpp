@@ -16,6 +16,11 @@ constexpr Exchange::Duration AcknowledgeDelay{254 * 2};
 /** How long USB adapters hold received bytes back: their latency timer's default. */
 constexpr Exchange::Duration AdapterLatency = std::chrono::milliseconds(16);
 constexpr Exchange::Duration Margin = std::chrono::milliseconds(2);
+/** How far apart two requests may come together on their way through an adapter that is served once a frame. */
+constexpr Exchange::Duration UsbFrame = std::chrono::milliseconds(1);
+/** A request to everybody who is there is answered in turn; a silent id takes so long. */
+constexpr Exchange::Duration TurnOfAnId = std::chrono::milliseconds(3);
+constexpr int EveryId = wire::MaximumId + 1;
 
 Exchange::Duration wireTime(int bytes, int baudRate)
 {
@@ -54,6 +59,7 @@ Exchange::Transmission Exchange::begin()
 
 Exchange::Progress Exchange::take(const QByteArray &bytes)
 {
+    m_strayBytes += bytes.size(); // until a packet is made of them
     if (m_listensTo2) {
         m_parser2.append(bytes);
         while (auto packet = m_parser2.next()) {
@@ -125,6 +131,8 @@ Exchange::Duration Exchange::answerTime(Framing framing) const
 
 Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
 {
+    if (m_operation.isForWhoeverAnswers)
+        return patienceToFind(framing, packetSize);
     const bool isLimited = m_operation.patience > Duration(0);
     if (m_stage == Stage::LastFraming && isLimited)
         return std::max(m_operation.patience - m_waited, Duration(0));
@@ -132,6 +140,16 @@ Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
         return answerWindow(packetSize, replySize(framing), m_baudRate);
     const int stuffing = framing == Framing::Protocol2 ? worstStuffing(dataSize(framing)) : 0;
     return patience(packetSize, replySize(framing) + stuffing, m_baudRate);
+}
+
+Exchange::Duration Exchange::patienceToFind(Framing framing, int packetSize) const
+{
+    if (m_request.id == wire::BroadcastId) {
+        const Duration turns = EveryId * TurnOfAnId;
+        return wireTime(packetSize + EveryId * replySize(framing), m_baudRate) + turns + 2 * AdapterLatency + Margin;
+    }
+    // As long as the line is taken. An answer that the adapter holds back is heard later, and says whose it is.
+    return wireTime(packetSize + replySize(framing), m_baudRate) + AcknowledgeDelay + UsbFrame + m_request.linger;
 }
 
 QByteArray Exchange::encoded(Framing framing) const
@@ -165,6 +183,8 @@ bool Exchange::isInsideFirstAnswer() const
 
 std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
 {
+    if (m_operation.isForWhoeverAnswers)
+        return hear(std::move(packet));
     if (packet.framing == Framing::Protocol1 && packet.raw == m_unseenEcho) {
         m_unseenEcho.clear();
         return std::nullopt;
@@ -185,4 +205,26 @@ std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
         return Progress::Answered;
     const bool isWorthRepeating = number == wire::ChecksumError && m_operation.attempts > 1;
     return isWorthRepeating ? Progress::Garbled : Progress::Refused;
+}
+
+/** Takes the answer of anybody; the exchange is over when it is the one servo's that was asked. */
+std::optional<Exchange::Progress> Exchange::hear(wire::Packet &&packet)
+{
+    m_strayBytes -= packet.raw.size();
+    const bool isAnswer =
+        packet.framing == Framing::Protocol2 ? packet.instruction == wire::Status : !isEchoOfSearch(packet);
+    if (!isAnswer || packet.parameters.size() != dataSize(packet.framing))
+        return std::nullopt;
+    m_heard.push_back(packet);
+    if (packet.id != m_request.id)
+        return std::nullopt;
+    m_answer = std::move(packet);
+    return Progress::Answered;
+}
+
+/** Whether a 1.0 packet is what this or an earlier servo was asked with. */
+bool Exchange::isEchoOfSearch(const wire::Packet &packet) const
+{
+    const BusOperation::Wire &form = m_operation.in(Framing::Protocol1);
+    return packet.raw == wire::protocol1::encode(packet.id, form.code, form.parameters(m_request));
 }

@@ -188,8 +188,9 @@ void ServoBus::startNext()
     m_exchange = std::make_unique<Exchange>(
         m_current.request, m_first, known == m_framings.end() ? std::nullopt : std::make_optional(known->second),
         m_baudRate);
-    // Nothing that is here by now answers what was not asked yet.
-    m_line->discardReceived();
+    // Nothing that is here by now answers what was not asked yet, unless it is of use whoever was asked.
+    if (!m_exchange->operation().isForWhoeverAnswers)
+        m_line->discardReceived();
     if (isOpen())
         startAttempt();
 }
@@ -260,7 +261,9 @@ void ServoBus::onAlarm()
     }
     if (m_state != State::Exchanging)
         return;
-    if (const auto next = m_exchange->timeOut())
+    if (m_exchange->operation().isForWhoeverAnswers)
+        finish(m_exchange->heardWhoWasAsked() ? Outcome::Answered : withoutAnswer(), State::Idle);
+    else if (const auto next = m_exchange->timeOut())
         transmit(next->packet, next->patience);
     else
         attemptFailed();
@@ -273,7 +276,7 @@ void ServoBus::attemptFailed()
     m_state = State::Draining;
     waitFor(DrainSilence);
     if (!mayRepeat())
-        finish(m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer, State::Draining);
+        finish(withoutAnswer(), State::Draining);
 }
 
 void ServoBus::drainEnded()
@@ -293,7 +296,7 @@ void ServoBus::drainEnded()
     else if (mayRepeat())
         startAttempt();
     else
-        finish(m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer, State::Idle);
+        finish(withoutAnswer(), State::Idle);
 }
 
 bool ServoBus::mayRepeat() const
@@ -303,11 +306,20 @@ bool ServoBus::mayRepeat() const
     return !m_current.isWithdrawn && !isCut && m_current.attempts < m_exchange->operation().attempts;
 }
 
+BusResult::Outcome ServoBus::withoutAnswer() const
+{
+    return m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer;
+}
+
 void ServoBus::finish(Outcome outcome, State next)
 {
     BusResult result;
     result.outcome = outcome;
     result.attempts = m_current.attempts;
+    if (m_exchange->operation().isForWhoeverAnswers) {
+        result.heard = m_exchange->heard();
+        result.strayBytes = m_exchange->strayBytes();
+    }
     if (const auto &answer = m_exchange->answer()) {
         m_framings[m_current.request.id] = answer->framing;
         result.answer = *answer;

@@ -16,8 +16,6 @@ constexpr int MaximumData = protocol1::MaximumParameters - 1;
 
 constexpr std::chrono::milliseconds EachAnswer{0};
 
-constexpr int ModelSize = 2; ///< registers of the model number, the first ones of each family
-
 QByteArray empty(const BusRequest &)
 {
     return {};
@@ -59,20 +57,9 @@ int asked(const BusRequest &request) noexcept
     return request.length;
 }
 
-/** What a 1.0 servo is found by: a line with an echo gives a ping back as it is, which would pass for an answer. */
-QByteArray readModel(const BusRequest &)
-{
-    return protocol1::readParameters(0, ModelSize);
-}
-
-int model(const BusRequest &) noexcept
-{
-    return ModelSize;
-}
-
 int identity(const BusRequest &) noexcept
 {
-    return ModelSize + 1; // and the firmware
+    return 2 + 1; // model number and firmware
 }
 
 /**
@@ -91,7 +78,7 @@ constexpr BusOperation Table[] = {
     {Operation::Reboot,       1,     300ms,      false,  false,  true,   false, false, {Reboot,       empty,     nothing}, {Reboot,       empty,     nothing} },
     {Operation::FactoryReset, 1,     300ms,      true,   false,  true,   false, false, {FactoryReset, empty,     nothing}, {FactoryReset, keepLink,  nothing} },
     {Operation::Tell,         1,     EachAnswer, false,  true,   true,   true,  false, {Write,        write1,    nothing}, {Write,        write2,    nothing} },
-    {Operation::Find,         1,     EachAnswer, false,  false,  false,  true,  true,  {Read,         readModel, model},   {Ping,         empty,     identity}},
+    {Operation::Find,         1,     EachAnswer, false,  false,  false,  true,  true,  {Ping,         empty,     nothing}, {Ping,         empty,     identity}},
 };
 // clang-format on
 

@@ -33,7 +33,10 @@ struct BusRequest
     QByteArray data;    ///< bytes to write, in register order; 1 to 252
     /** What it must be framed in; nothing leaves that to what the servo answers in. */
     std::optional<wire::Framing> framing = std::nullopt;
-    /** Of a Find: how much longer than the line is taken answers are waited for, those to earlier ones included. */
+    /**
+     * Of a Find: how long to go on listening when the line is free again, for answers that the adapter holds back or
+     * brings late.
+     */
     std::chrono::microseconds linger{0};
 
     bool operator==(const BusRequest &other) const
@@ -64,11 +67,12 @@ struct BusResult
     int attempts = 0;    ///< how often the request was sent; 0 means that the servo cannot have seen it
     wire::Packet answer; ///< the last answer as it came, its raw bytes empty when none did
     /**
-     * Of a Find: all that servos said meanwhile, whoever they are. In 2.0 the parameters of an answer are model number
-     * and firmware, 3 bytes, in 1.0 the model number, 2 bytes.
+     * Of a Find: all answers that came meanwhile, whoever's they are. In 2.0 their parameters are model number and
+     * firmware, 3 bytes. A 1.0 answer without parameters that is the request byte for byte may be an echo of it.
      */
     std::vector<wire::Packet> heard;
-    int strayBytes = 0; ///< of a Find: received bytes that make no packet, as when two servos speak at once
+    bool hasEcho = false; ///< of a Find in 2.0: the request came back
+    int strayBytes = 0;   ///< of a Find: received bytes that make no packet, as when two servos speak at once
 };
 
 Q_DECLARE_METATYPE(BusRequest)

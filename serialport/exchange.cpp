@@ -16,8 +16,6 @@ constexpr Exchange::Duration AcknowledgeDelay{254 * 2};
 /** How long USB adapters hold received bytes back: their latency timer's default. */
 constexpr Exchange::Duration AdapterLatency = std::chrono::milliseconds(16);
 constexpr Exchange::Duration Margin = std::chrono::milliseconds(2);
-/** How far apart two requests may come together on their way through an adapter that is served once a frame. */
-constexpr Exchange::Duration UsbFrame = std::chrono::milliseconds(1);
 /** A request to everybody who is there is answered in turn; a silent id takes so long. */
 constexpr Exchange::Duration TurnOfAnId = std::chrono::milliseconds(3);
 constexpr int EveryId = wire::MaximumId + 1;
@@ -93,6 +91,8 @@ std::optional<Exchange::Transmission> Exchange::timeOut()
 
 Exchange::Duration Exchange::longestAnswer() const
 {
+    if (m_operation.isForWhoeverAnswers)
+        return patienceToFind(m_known.value_or(m_first), encoded(m_known.value_or(m_first)).size());
     const Duration inFirst = answerTime(m_known.value_or(m_first));
     if (!mayTryOtherFraming())
         return inFirst;
@@ -144,12 +144,10 @@ Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
 
 Exchange::Duration Exchange::patienceToFind(Framing framing, int packetSize) const
 {
-    if (m_request.id == wire::BroadcastId) {
-        const Duration turns = EveryId * TurnOfAnId;
-        return wireTime(packetSize + EveryId * replySize(framing), m_baudRate) + turns + 2 * AdapterLatency + Margin;
-    }
-    // As long as the line is taken. An answer that the adapter holds back is heard later, and says whose it is.
-    return wireTime(packetSize + replySize(framing), m_baudRate) + AcknowledgeDelay + UsbFrame + m_request.linger;
+    const bool isForAll = m_request.id == wire::BroadcastId;
+    const int answers = isForAll ? EveryId * replySize(framing) : replySize(framing);
+    const Duration delay = isForAll ? EveryId * TurnOfAnId : AcknowledgeDelay;
+    return wireTime(packetSize + answers, m_baudRate) + delay + m_request.linger;
 }
 
 QByteArray Exchange::encoded(Framing framing) const
@@ -207,24 +205,20 @@ std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
     return isWorthRepeating ? Progress::Garbled : Progress::Refused;
 }
 
-/** Takes the answer of anybody; the exchange is over when it is the one servo's that was asked. */
+/** Takes the answer of anybody; the exchange is over when it is for certain that of the one who was asked. */
 std::optional<Exchange::Progress> Exchange::hear(wire::Packet &&packet)
 {
     m_strayBytes -= packet.raw.size();
-    const bool isAnswer =
-        packet.framing == Framing::Protocol2 ? packet.instruction == wire::Status : !isEchoOfSearch(packet);
-    if (!isAnswer || packet.parameters.size() != dataSize(packet.framing))
+    if (packet.framing == Framing::Protocol2 && packet.instruction != wire::Status) {
+        m_hasEcho = true;
+        return std::nullopt;
+    }
+    if (packet.parameters.size() != dataSize(packet.framing))
         return std::nullopt;
     m_heard.push_back(packet);
-    if (packet.id != m_request.id)
+    const bool mayBeEcho = packet.framing == Framing::Protocol1 && packet.raw == encoded(Framing::Protocol1);
+    if (packet.id != m_request.id || mayBeEcho)
         return std::nullopt;
     m_answer = std::move(packet);
     return Progress::Answered;
-}
-
-/** Whether a 1.0 packet is what this or an earlier servo was asked with. */
-bool Exchange::isEchoOfSearch(const wire::Packet &packet) const
-{
-    const BusOperation::Wire &form = m_operation.in(Framing::Protocol1);
-    return packet.raw == wire::protocol1::encode(packet.id, form.code, form.parameters(m_request));
 }

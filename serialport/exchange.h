@@ -72,6 +72,7 @@ public:
     const std::vector<wire::Packet> &heard() const { return m_heard; }
     /** Whether somebody of those who were asked has answered. */
     bool heardWhoWasAsked() const { return m_answer || (m_request.id == wire::BroadcastId && !m_heard.empty()); }
+    bool hasEcho() const { return m_hasEcho; }
     /** Bytes taken that were part of no packet; meaningful when everybody was listened to. */
     int strayBytes() const { return m_strayBytes; }
 
@@ -96,7 +97,6 @@ private:
     bool isInsideFirstAnswer() const;
     std::optional<Progress> examine(wire::Packet &&packet);
     std::optional<Progress> hear(wire::Packet &&packet);
-    bool isEchoOfSearch(const wire::Packet &packet) const;
     Duration patienceToFind(wire::Framing framing, int packetSize) const;
 
     BusRequest m_request;
@@ -114,5 +114,6 @@ private:
     wire::protocol2::Parser m_parser2;
     std::optional<wire::Packet> m_answer;
     std::vector<wire::Packet> m_heard;
+    bool m_hasEcho = false;
     int m_strayBytes = 0;
 };

@@ -318,6 +318,7 @@ void ServoBus::finish(Outcome outcome, State next)
     result.attempts = m_current.attempts;
     if (m_exchange->operation().isForWhoeverAnswers) {
         result.heard = m_exchange->heard();
+        result.hasEcho = m_exchange->hasEcho();
         result.strayBytes = m_exchange->strayBytes();
     }
     if (const auto &answer = m_exchange->answer()) {

@@ -17,6 +17,8 @@ void outliveClosedPipes()
 {
 #ifdef Q_OS_UNIX
     std::signal(SIGPIPE, SIG_IGN);
+#else
+    // There is no such signal.
 #endif
 }
 

@@ -324,12 +324,45 @@ private Q_SLOTS:
             QCOMPARE(entry["conflict"].toBool(), entry["id"].toInt() != 1);
     }
 
+    void everyOptionIsToldOfEverywhere()
+    {
+        const auto contents = [](const QString &name) {
+            QFile file(QStringLiteral(ZELVAR_PACKAGING "/") + name);
+            return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).replace("\\-", "-") : QString();
+        };
+        const QString page = contents("man/zelvar-servo.1");
+        const QString completion = contents("completion/zelvar-servo");
+        const QString general = shell("zelvar-servo --help").out;
+        QStringList helps{general};
+        static const QRegularExpression command("\\n  ([a-z-]+) {2,}[A-Z]");
+        for (auto match = command.globalMatch(general.section("Subcommands", 1)); match.hasNext();) {
+            const QString name = match.next().captured(1);
+            QVERIFY2(page.contains(name) && completion.contains(name), qPrintable(name));
+            helps.append(shell("zelvar-servo " + name + " --help").out);
+        }
+        QCOMPARE(helps.size(), 1 + 9);
+        static const QRegularExpression option("--[a-z-]+");
+        for (auto match = option.globalMatch(helps.join('\n')); match.hasNext();) {
+            const QString name = match.next().captured();
+            QVERIFY2((page.contains(name) || name == "--output") && completion.contains(name), qPrintable(name));
+        }
+        const auto completed = [](const QString &words) {
+            return shell(". " ZELVAR_PACKAGING "/completion/zelvar-servo; compopt() { :; }; COMP_WORDS=(" + words +
+                         "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _zelvar_servo; echo ${COMPREPLY[*]}")
+                .out;
+        };
+        const Bus bus(startBus(ThreeServos));
+        QCOMPARE(completed("zelvar-servo s"), QString("scan set stop\n"));
+        QCOMPARE(completed("zelvar-servo set --id 1 goal_"), QString("goal_position=\n"));
+        QVERIFY(completed("zelvar-servo --port b").startsWith("bus"));
+    }
+
     /** Each line of the manual page's examples, in their order, on the simulator's own servos. */
     void theExamplesOfTheManualPageRun()
     {
         const SimulatorProcess simulator({"--name", "bus"});
         const QTemporaryDir folder;
-        QFile page(ZELVAR_MAN_PAGE);
+        QFile page(ZELVAR_PACKAGING "/man/zelvar-servo.1");
         QVERIFY(page.open(QIODevice::ReadOnly));
         const QString examples =
             QString::fromUtf8(page.readAll()).section(".SH EXAMPLES", 1).section(".SH AUTHORS", 0, 0);

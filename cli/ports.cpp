@@ -93,7 +93,7 @@ QString chosenPort(const QString &given)
     if (!given.isEmpty())
         return given;
     const std::vector<Port> ports = presentPorts();
-    const QString stored = storedPort();
+    QString stored = storedPort();
     const auto isStored = [&stored](const Port &port) { return port.name == stored; };
     if (std::any_of(ports.begin(), ports.end(), isStored))
         return stored;

@@ -22,6 +22,8 @@ using Outcome = BusResult::Outcome;
 constexpr Clock::Duration DrainSilence = std::chrono::milliseconds(3);
 /** A line that never falls silent is not waited for longer than this many silences. */
 constexpr int MaximumDrainRounds = 50;
+/** Bytes that are kept of what comes between two exchanges: late answers, and not much of what nobody can use. */
+constexpr int MostUnasked = 1024;
 
 wire::Framing framingOf(unsigned char protocolGeneration)
 {
@@ -189,10 +191,14 @@ void ServoBus::startNext()
         m_current.request, m_first, known == m_framings.end() ? std::nullopt : std::make_optional(known->second),
         m_baudRate);
     // Nothing that is here by now answers what was not asked yet, unless it is of use whoever was asked.
-    if (!m_exchange->operation().isForWhoeverAnswers)
+    const QByteArray unasked = std::exchange(m_unasked, {});
+    const bool isForWhoeverAnswers = m_exchange->operation().isForWhoeverAnswers;
+    if (!isForWhoeverAnswers)
         m_line->discardReceived();
     if (isOpen())
         startAttempt();
+    if (isOpen() && isForWhoeverAnswers)
+        m_exchange->take(unasked);
 }
 
 void ServoBus::startAttempt()
@@ -232,8 +238,11 @@ void ServoBus::receive()
     const bool isDraining = m_state == State::Draining;
     if (isDraining)
         waitFor(++m_drainRounds < MaximumDrainRounds ? DrainSilence : Clock::Duration(0));
-    if (!m_exchange)
+    if (!m_exchange) {
+        if (m_state == State::Idle)
+            m_unasked = (m_unasked + bytes).right(MostUnasked);
         return;
+    }
 
     // On a line that holds answers back they come while it is drained for the repeat, and count all the same.
     switch (m_exchange->take(bytes)) {
@@ -362,6 +371,7 @@ void ServoBus::reset(Outcome outcome)
     for (Job &job : std::exchange(m_waiting, {}))
         endLater(std::move(job), outcome);
     m_framings.clear();
+    m_unasked.clear();
 }
 
 void ServoBus::endLater(Job job, Outcome outcome)

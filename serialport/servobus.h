@@ -164,6 +164,7 @@ private:
     std::unique_ptr<Exchange> m_exchange;
     Clock::TimePoint m_deadline;
     int m_drainRounds = 0;
+    QByteArray m_unasked;                       ///< came since the last exchange
     std::map<quint8, wire::Framing> m_framings; ///< what the servos of this session answered in
     std::vector<EndedJob> m_ended;              ///< whose completions are called from the event loop
     quint64 m_session = 0;                      ///< counts openings, so that a late report knows its port is gone

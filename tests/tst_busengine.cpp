@@ -319,6 +319,17 @@ private Q_SLOTS:
             QCOMPARE(found.outcome, step.outcome);
             QVERIFY(rig.line->sent.size() <= 1);
         }
+        // What comes between two of them counts, too.
+        Rig rig([](const Packet &) { return QByteArray(); });
+        rig.line->arrive(three);
+        rig.line->deliver();
+        QString heard;
+        rig.bus().request({Operation::Find, 4, 0, 0, {}}, [&](const BusResult &result) {
+            for (const Packet &packet : result.heard)
+                heard += QString::number(packet.id);
+        });
+        rig.settle();
+        QCOMPARE(heard, QString("3"));
     }
 
     void aCompletionMayDoAnything()

@@ -203,6 +203,9 @@ qint32 numberIn(const Field &field, const QString &text)
     const double value = number.toDouble();
     if (!std::isfinite(value))
         reject(field, text, QStringLiteral("it is too large a number"));
+    const bool isCount = unitNames(field.kind).isEmpty() && decimalsOf(column) == 0;
+    if (isCount && value != std::floor(value))
+        reject(field, text, QStringLiteral("write a whole number"));
     return column.rawAt(value);
 }
 

@@ -68,7 +68,24 @@ using Bus = std::unique_ptr<SimulatorProcess>;
 
 const QStringList ThreeServos{"zelvar:1", "zelvar:2", "ax12:5"};
 
-/** The keys of the fields of @p family that @p access says. */
+/** The schema of the objects that the program prints. */
+QJsonObject schema()
+{
+    QFile file(ZELVAR_PACKAGING "/../docs/zelvar-servo.schema.json");
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+}
+
+/** The members of @p object that @p description, a part of the schema, does not have. */
+QStringList undescribed(const QJsonObject &object, const QJsonObject &description)
+{
+    const QJsonObject properties = description["properties"].toObject();
+    QStringList members = object.keys();
+    members.erase(
+        std::remove_if(members.begin(), members.end(), [&](const QString &key) { return properties.contains(key); }),
+        members.end());
+    return members;
+}
+
 QStringList keys(const model::Family &family)
 {
     QStringList keys;
@@ -120,6 +137,7 @@ private Q_SLOTS:
             {"set --id 1 target_torque=-18.1Nm",             2, "", "it takes -18.000Nm to 18.000Nm"},
             {"set --id 5 goal_position=151deg",              2, "", "it takes -150.0deg to 150.0deg"},
             {"set --id 1 torque_limit=-1Nm",                 2, "", "it takes 0.000Nm"},
+            {"set --id 1 id=3.7",                            2, "", "whole number"},
             {"set --id 1 moving=on",                         2, "", "can only be read"},
             {"set --id 1 target_positio=1rad",               2, "", "did you mean \"target_position\""},
             {"set --id 1 operating_mode=fast",               2, "", "torque, wheel, joint, multi-turn, stepper"},
@@ -163,6 +181,8 @@ private Q_SLOTS:
             QCOMPARE(json.object()["schema"].toInt(), 1);
             QCOMPARE(json.object()["status"].toInt(), status);
             QCOMPARE(json.out.count('\n'), 1);
+            QCOMPARE(undescribed(json.object(), schema()), QStringList());
+            QCOMPARE(undescribed(json.servo(), schema()["$defs"].toObject()["servo"].toObject()), QStringList());
         } else {
             QCOMPARE(arguments, QString("--version"));
         }
@@ -197,6 +217,10 @@ private Q_SLOTS:
         QCOMPARE(answer.servo(2)["fields"].toObject()["led"].toObject()["kept"].toBool(), true);
         QVERIFY(answer.servo(0)["error"].toString().contains("no field \"led\" of a ZelvarV1"));
 
+        QCOMPARE(servo("set --id 1,5 upper_input_voltage_limit=10V").status, 0);
+        for (const int index : {0, 1})
+            QCOMPARE(servo("info --json --id 1,5").servo(index)["errors"].toArray(), QJsonArray{"Input voltage error"});
+
         answer = servo("set --id 1,2 acceleration_limit=5rad/s^2 control_enable=on");
         QCOMPARE(answer.status, 0);
         QVERIFY(answer.out.contains("servo 2 on bus: acceleration_limit=5.000rad/s^2 (was 24.000rad/s^2)"));
@@ -208,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(answer.status, 5);
         QVERIFY(answer.out.contains("counter_clockwise_angle_limit=10.1deg"));
         QVERIFY2(answer.err.contains("goal_position=20.1deg not set, it has 0.1deg: the servo did not keep it and "
-                                     "reports: Angle limit error"),
+                                     "reports: Input voltage error, Angle limit error"),
                  qPrintable(answer.err));
     }
 

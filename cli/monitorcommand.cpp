@@ -165,10 +165,7 @@ void Monitor::print(const Watched &watched)
     QJsonObject fields;
     for (const Column &column : watched.columns) {
         const qint32 raw = image.raw(*column.field).value_or(0);
-        fields.insert(QLatin1String(column.field->key),
-                      QJsonObject{{QStringLiteral("value"), valueObject(*column.field, raw, m_options.unitOf)},
-                                  {QStringLiteral("unit"), unitText(column.field->kind, m_options.unitOf)},
-                                  {QStringLiteral("raw"), raw}});
+        fields.insert(QLatin1String(column.field->key), fieldObject(*column.field, raw, m_options.unitOf));
     }
     const QJsonObject sample{{QStringLiteral("command"), m_options.command},
                              {QStringLiteral("id"), watched.servo.id},

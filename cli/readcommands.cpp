@@ -100,15 +100,6 @@ QJsonObject asObject(const FoundServo &servo)
     return object;
 }
 
-QJsonObject fieldObject(const model::Field &field, qint32 raw, const recording::UnitChoice &unitOf)
-{
-    QJsonObject object{{QStringLiteral("value"), valueObject(field, raw, unitOf)}, {QStringLiteral("raw"), raw}};
-    const QString unit = unitText(field.kind, unitOf);
-    if (!unit.isEmpty())
-        object.insert(QStringLiteral("unit"), unit);
-    return object;
-}
-
 /** What stands in front of each line when there are several servos. */
 QString prefixFor(int id, const std::vector<int> &ids)
 {

@@ -311,13 +311,10 @@ ExitStatus Setting::judge(const model::RegisterImage &after, QJsonObject &answer
             Output::tell(errors.last());
             status = ExitStatus::Refused;
         }
-        fields.insert(
-            key,
-            QJsonObject{{QStringLiteral("wanted"), valueObject(*write.field, write.raw, m_context.options().unitOf)},
-                        {QStringLiteral("value"), valueObject(*write.field, found, m_context.options().unitOf)},
-                        {QStringLiteral("unit"), unitText(write.field->kind, m_context.options().unitOf)},
-                        {QStringLiteral("raw"), found},
-                        {QStringLiteral("kept"), isKept}});
+        QJsonObject field = fieldObject(*write.field, found, m_context.options().unitOf);
+        field.insert(QStringLiteral("wanted"), valueObject(*write.field, write.raw, m_context.options().unitOf));
+        field.insert(QStringLiteral("kept"), isKept);
+        fields.insert(key, field);
     }
     answer.insert(QStringLiteral("fields"), fields);
     if (!errors.isEmpty())

@@ -280,6 +280,15 @@ QJsonValue valueObject(const Field &field, qint32 raw, const UnitChoice &unitOf)
     return numberText(field, raw, unitOf).toDouble();
 }
 
+QJsonObject fieldObject(const Field &field, qint32 raw, const UnitChoice &unitOf)
+{
+    QJsonObject object{{QStringLiteral("value"), valueObject(field, raw, unitOf)}, {QStringLiteral("raw"), raw}};
+    const QString unit = unitText(field.kind, unitOf);
+    if (!unit.isEmpty())
+        object.insert(QStringLiteral("unit"), unit);
+    return object;
+}
+
 QString rangeText(const Field &field, const UnitChoice &unitOf)
 {
     if (hasFlags(field))

@@ -3,6 +3,7 @@
 #include "model/field.h"
 #include "recording/column.h"
 
+#include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
 
@@ -17,6 +18,8 @@ QString unitText(model::FieldKind kind, const recording::UnitChoice &unitOf);
 QString valueText(const model::Field &field, qint32 raw, const recording::UnitChoice &unitOf);
 /** The same as a number, a text, a truth value, or a list of flags. */
 QJsonValue valueObject(const model::Field &field, qint32 raw, const recording::UnitChoice &unitOf);
+/** That value with its unit and @p raw. */
+QJsonObject fieldObject(const model::Field &field, qint32 raw, const recording::UnitChoice &unitOf);
 /** What @p field can be set to or has, as "-18.000Nm to 18.000Nm". */
 QString rangeText(const model::Field &field, const recording::UnitChoice &unitOf);
 

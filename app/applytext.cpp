@@ -6,6 +6,7 @@
 #include "device/zelvarv1.h"
 #include "model/baudrates.h"
 #include "model/rawscale.h"
+#include "model/refusals.h"
 #include "model/registerimage.h"
 #include "widgets/followeddevice.h"
 #include "widgets/zelvarunitlabel.h"
@@ -20,26 +21,6 @@ namespace {
 
 using Outcome = BusResult::Outcome;
 using Verdict = session::ApplyReport::Verdict;
-
-struct RefusalRow
-{
-    quint8 error; ///< number in the low seven bits of the error byte
-    const char *text;
-};
-
-// clang-format off
-constexpr RefusalRow Refusals[] = {
-    {1, QT_TRANSLATE_NOOP("ApplyText", "process failure: the servo could not carry it out; reboot it and try again")},
-    {2, QT_TRANSLATE_NOOP("ApplyText", "instruction error: the servo does not know this instruction; is it another model?")},
-    {3, QT_TRANSLATE_NOOP("ApplyText", "checksum error: the line garbles packets; check cable and supply")},
-    {4, QT_TRANSLATE_NOOP("ApplyText", "data range error: a value is outside what the servo takes; compare each with its range")},
-    {5, QT_TRANSLATE_NOOP("ApplyText", "data length error: the servo takes no block of this length; is it another model?")},
-    {6, QT_TRANSLATE_NOOP("ApplyText", "data limit error: a value is beyond one of the servo's limits; change the limit first")},
-    {7, QT_TRANSLATE_NOOP("ApplyText", "access error: turn the motor off first")},
-};
-// clang-format on
-
-constexpr quint8 ErrorNumberMask = 0x7F;
 
 QString entryText(const QWidget &view, const FieldBinding &binding, int index)
 {
@@ -162,8 +143,8 @@ QString ApplyText::value(const model::Field &field, quint32 bits) const
 
 QString ApplyText::refusal(quint8 errorByte)
 {
-    const quint8 number = errorByte & ErrorNumberMask;
-    for (const RefusalRow &row : Refusals) {
+    const quint8 number = errorByte & model::ErrorNumberMask;
+    for (const model::Refusal &row : model::Refusals) {
         if (row.error == number)
             return tr(row.text);
     }

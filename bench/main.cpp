@@ -6,6 +6,7 @@
 #include "bench/linkrows.h"
 #include "bench/processrows.h"
 #include "bench/scanrow.h"
+#include "bench/shellrows.h"
 #include "bench/stoprow.h"
 
 #include <QApplication>
@@ -37,6 +38,9 @@ constexpr Measurement Measurements[] = {
     {"live",      liveProgram        },
     {"scan",      silentScan         },
     {"stop",      keyToWire          },
+    {"get",       shellGet           },
+    {"monitor",   shellMonitor       },
+    {"shellscan", shellScan          },
     {"codec",     codecTime          },
 };
 // clang-format on

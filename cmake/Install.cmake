@@ -1,15 +1,15 @@
 # What `cmake --install` puts where.
 
-# The shared library serves this program only. On systems with run paths it goes to a folder of the program's own that
+# The shared library serves these programs only. On systems with run paths it goes to a folder of their own that
 # nothing else searches; the run path is relative, so the installed tree may be moved as a whole. Windows has no run
 # paths: there the library lies beside the program.
 set(zelvar_private_libdir ${CMAKE_INSTALL_LIBDIR}/zelvar-servo-manager)
 file(RELATIVE_PATH zelvar_libdir_from_bindir
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zelvar-servo-manager)
-set_target_properties(zelvar-servo-manager PROPERTIES
+set_target_properties(zelvar-servo-manager zelvar-servo PROPERTIES
     INSTALL_RPATH $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>/${zelvar_libdir_from_bindir})
 
-set(zelvar_programs zelvar-servo-manager)
+set(zelvar_programs zelvar-servo-manager zelvar-servo)
 if(TARGET zelvar-servo-simulator)
     list(APPEND zelvar_programs zelvar-servo-simulator)
 endif()
@@ -24,13 +24,15 @@ if(UNIX)
     endforeach()
     # The man pages say where the guide is, and the program shows it. With it goes each page that it links to.
     set(zelvar_doc_dir ${CMAKE_INSTALL_DATADIR}/doc/zelvar-servo-manager)
-    install(FILES docs/user-guide.md docs/building.md docs/wire-protocol.md DESTINATION ${zelvar_doc_dir})
+    install(FILES docs/user-guide.md docs/building.md docs/wire-protocol.md docs/zelvar-servo.schema.json
+        DESTINATION ${zelvar_doc_dir})
     install(DIRECTORY docs/screenshots DESTINATION ${zelvar_doc_dir} FILES_MATCHING PATTERN "*.png")
 endif()
 
 # The menu entry, the software centre's page and the icons find each other by one name. macOS and Windows have their
 # own ways to do this, an application bundle and an installer, which are not made here.
 if(UNIX AND NOT APPLE)
+    install(FILES packaging/completion/zelvar-servo DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
     set(zelvar_application_id com.ostravel.ZelvarServoManager)
     set(zelvar_icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
     install(FILES packaging/linux/${zelvar_application_id}.desktop

@@ -12,6 +12,9 @@ table, finds servos on the bus, and reboots or factory-resets one. It speaks to
 servos of the Zelvar family and, with a smaller register table, to the
 Dynamixel AX-12.
 .
+The command zelvar-servo does the same from a shell, for several servos on one
+bus, and without a display.
+.
 A simulated bus for trying everything without a servo comes with it, and a udev
 rule that lets the user at the machine use USB serial adapters.")
 set(CPACK_STRIP_FILES TRUE)

@@ -68,6 +68,8 @@ struct Field
     Shown shown = {};
     Rows<Flag> flags = {};
 
+    bool clearsItself = false; ///< the servo takes it back once it has done what it asks for
+
     constexpr int end() const { return address + size; }
     constexpr bool isWritable() const { return access != Access::ReadOnly; }
     constexpr bool isDirected() const { return encoding.form == Encoding::Form::Directed; }

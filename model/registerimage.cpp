@@ -112,4 +112,10 @@ qint32 rawAt(const Field &field, double physical)
     return field.isDirected() && physical < 0 ? -scale.toRaw(-physical) : scale.toRaw(physical);
 }
 
+bool isInRange(const Field &field, qint32 raw)
+{
+    const qint32 measured = field.isDirected() && raw < 0 ? -raw : raw;
+    return measured >= field.range.rawMin && measured <= field.range.rawMax;
+}
+
 } // namespace model

@@ -72,5 +72,7 @@ quint32 bitsOf(const Field &field, qint32 raw);
 double physicalValue(const Field &field, qint32 raw);
 /** The raw value at @p physical, truncated toward zero. */
 qint32 rawAt(const Field &field, double physical);
+/** Whether @p raw is in the range of @p field, that of its magnitude when it is directed. */
+bool isInRange(const Field &field, qint32 raw);
 
 } // namespace model

@@ -57,6 +57,11 @@ int asked(const BusRequest &request) noexcept
     return request.length;
 }
 
+int identity(const BusRequest &) noexcept
+{
+    return 2 + 1; // model number and firmware
+}
+
 /**
  * In the order of BusRequest::Operation.
  *
@@ -66,13 +71,14 @@ int asked(const BusRequest &request) noexcept
  */
 // clang-format off
 constexpr BusOperation Table[] = {
-    //                        sent   waited      framing carries changes to
-    // operation              times  in all      guessed data    servo   all    1.0: code     parameters answer    2.0: code     parameters answer
-    {Operation::Read,         1 + 2, EachAnswer, true,   false,  false,  false, {Read,         read1,     asked},   {Read,         read2,     asked}  },
-    {Operation::Write,        1 + 5, EachAnswer, false,  true,   true,   false, {Write,        write1,    nothing}, {Write,        write2,    nothing}},
-    {Operation::Reboot,       1,     300ms,      false,  false,  true,   false, {Reboot,       empty,     nothing}, {Reboot,       empty,     nothing}},
-    {Operation::FactoryReset, 1,     300ms,      true,   false,  true,   false, {FactoryReset, empty,     nothing}, {FactoryReset, keepLink,  nothing}},
-    {Operation::Tell,         1,     EachAnswer, false,  true,   true,   true,  {Write,        write1,    nothing}, {Write,        write2,    nothing}},
+    //                        sent   waited      framing carries changes to     who-
+    // operation              times  in all      guessed data    servo   all    ever   1.0: code     parameters answer    2.0: code     parameters answer
+    {Operation::Read,         1 + 2, EachAnswer, true,   false,  false,  false, false, {Read,         read1,     asked},   {Read,         read2,     asked}   },
+    {Operation::Write,        1 + 5, EachAnswer, false,  true,   true,   false, false, {Write,        write1,    nothing}, {Write,        write2,    nothing} },
+    {Operation::Reboot,       1,     300ms,      false,  false,  true,   false, false, {Reboot,       empty,     nothing}, {Reboot,       empty,     nothing} },
+    {Operation::FactoryReset, 1,     300ms,      true,   false,  true,   false, false, {FactoryReset, empty,     nothing}, {FactoryReset, keepLink,  nothing} },
+    {Operation::Tell,         1,     EachAnswer, false,  true,   true,   true,  false, {Write,        write1,    nothing}, {Write,        write2,    nothing} },
+    {Operation::Find,         1,     EachAnswer, false,  false,  false,  true,  true,  {Ping,         empty,     nothing}, {Ping,         empty,     identity}},
 };
 // clang-format on
 
@@ -100,5 +106,7 @@ bool BusOperation::isPossible(const BusRequest &request)
     const bool isForAll = request.id == BroadcastId && of(request.operation).mayGoToAll;
     if (request.id > MaximumId && !isForAll)
         return false;
+    if (isForAll && request.operation == Operation::Find && request.framing == Framing::Protocol1)
+        return false; // all would answer at once
     return !of(request.operation).carriesData || (!request.data.isEmpty() && request.data.size() <= MaximumData);
 }

@@ -25,8 +25,11 @@ struct BusOperation
     bool isFramingGuessed;
     bool carriesData;  ///< whether it has data to write
     bool changesServo; ///< whether a read from before it may be out of date
-    /** Whether it may go to everybody, whom nobody answers: it is waited for as long as an answer is on the wire. */
+    /** Whether it may go to everybody, whom nobody answers to anything else than a Find: it is waited for as long as an
+     * answer is on the wire. */
     bool mayGoToAll;
+    /** Whether it hears everybody who speaks meanwhile, asked or not, and everybody answers it in turn. */
+    bool isForWhoeverAnswers;
     Wire inProtocol1;
     Wire inProtocol2;
 

@@ -5,7 +5,9 @@
 #include <QByteArray>
 #include <QMetaType>
 
+#include <chrono>
 #include <optional>
+#include <vector>
 
 /** What is asked of one servo. */
 struct BusRequest
@@ -16,7 +18,12 @@ struct BusRequest
         Write,
         Reboot,
         FactoryReset,
-        Tell, ///< a write that does not count on an answer, and the one thing that may go to everybody
+        Tell, ///< a write that does not count on an answer; may go to everybody
+        /**
+         * Who is there? Asked in the framing given, 2.0 if none is; everybody may be asked in 2.0. Sent once and not
+         * drained for, so that many go out in a row: what is heard of earlier ones comes with the result, too.
+         */
+        Find,
     };
 
     Operation operation = Operation::Read;
@@ -26,11 +33,16 @@ struct BusRequest
     QByteArray data;    ///< bytes to write, in register order; 1 to 252
     /** What it must be framed in; nothing leaves that to what the servo answers in. */
     std::optional<wire::Framing> framing = std::nullopt;
+    /**
+     * Of a Find: how long to go on listening when the line is free again, for answers that the adapter holds back or
+     * brings late.
+     */
+    std::chrono::microseconds linger{0};
 
     bool operator==(const BusRequest &other) const
     {
         return operation == other.operation && id == other.id && address == other.address && length == other.length &&
-               data == other.data && framing == other.framing;
+               data == other.data && framing == other.framing && linger == other.linger;
     }
 };
 
@@ -54,6 +66,13 @@ struct BusResult
     QByteArray data;     ///< the registers that were read, in register order; empty unless Answered
     int attempts = 0;    ///< how often the request was sent; 0 means that the servo cannot have seen it
     wire::Packet answer; ///< the last answer as it came, its raw bytes empty when none did
+    /**
+     * Of a Find: all answers that came meanwhile, whoever's they are. In 2.0 their parameters are model number and
+     * firmware, 3 bytes. A 1.0 answer without parameters that is the request byte for byte may be an echo of it.
+     */
+    std::vector<wire::Packet> heard;
+    bool hasEcho = false; ///< of a Find in 2.0: the request came back
+    int strayBytes = 0;   ///< of a Find: received bytes that make no packet, as when two servos speak at once
 };
 
 Q_DECLARE_METATYPE(BusRequest)

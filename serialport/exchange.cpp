@@ -16,6 +16,9 @@ constexpr Exchange::Duration AcknowledgeDelay{254 * 2};
 /** How long USB adapters hold received bytes back: their latency timer's default. */
 constexpr Exchange::Duration AdapterLatency = std::chrono::milliseconds(16);
 constexpr Exchange::Duration Margin = std::chrono::milliseconds(2);
+/** A request to everybody who is there is answered in turn; a silent id takes so long. */
+constexpr Exchange::Duration TurnOfAnId = std::chrono::milliseconds(3);
+constexpr int EveryId = wire::MaximumId + 1;
 
 Exchange::Duration wireTime(int bytes, int baudRate)
 {
@@ -54,6 +57,7 @@ Exchange::Transmission Exchange::begin()
 
 Exchange::Progress Exchange::take(const QByteArray &bytes)
 {
+    m_strayBytes += bytes.size(); // until a packet is made of them
     if (m_listensTo2) {
         m_parser2.append(bytes);
         while (auto packet = m_parser2.next()) {
@@ -87,6 +91,8 @@ std::optional<Exchange::Transmission> Exchange::timeOut()
 
 Exchange::Duration Exchange::longestAnswer() const
 {
+    if (m_operation.isForWhoeverAnswers)
+        return patienceToFind(m_known.value_or(m_first), encoded(m_known.value_or(m_first)).size());
     const Duration inFirst = answerTime(m_known.value_or(m_first));
     if (!mayTryOtherFraming())
         return inFirst;
@@ -125,6 +131,8 @@ Exchange::Duration Exchange::answerTime(Framing framing) const
 
 Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
 {
+    if (m_operation.isForWhoeverAnswers)
+        return patienceToFind(framing, packetSize);
     const bool isLimited = m_operation.patience > Duration(0);
     if (m_stage == Stage::LastFraming && isLimited)
         return std::max(m_operation.patience - m_waited, Duration(0));
@@ -132,6 +140,14 @@ Exchange::Duration Exchange::patienceFor(Framing framing, int packetSize) const
         return answerWindow(packetSize, replySize(framing), m_baudRate);
     const int stuffing = framing == Framing::Protocol2 ? worstStuffing(dataSize(framing)) : 0;
     return patience(packetSize, replySize(framing) + stuffing, m_baudRate);
+}
+
+Exchange::Duration Exchange::patienceToFind(Framing framing, int packetSize) const
+{
+    const bool isForAll = m_request.id == wire::BroadcastId;
+    const int answers = isForAll ? EveryId * replySize(framing) : replySize(framing);
+    const Duration delay = isForAll ? EveryId * TurnOfAnId : AcknowledgeDelay;
+    return wireTime(packetSize + answers, m_baudRate) + delay + m_request.linger;
 }
 
 QByteArray Exchange::encoded(Framing framing) const
@@ -165,6 +181,8 @@ bool Exchange::isInsideFirstAnswer() const
 
 std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
 {
+    if (m_operation.isForWhoeverAnswers)
+        return hear(std::move(packet));
     if (packet.framing == Framing::Protocol1 && packet.raw == m_unseenEcho) {
         m_unseenEcho.clear();
         return std::nullopt;
@@ -185,4 +203,22 @@ std::optional<Exchange::Progress> Exchange::examine(wire::Packet &&packet)
         return Progress::Answered;
     const bool isWorthRepeating = number == wire::ChecksumError && m_operation.attempts > 1;
     return isWorthRepeating ? Progress::Garbled : Progress::Refused;
+}
+
+/** Takes the answer of anybody; the exchange is over when it is for certain that of the one who was asked. */
+std::optional<Exchange::Progress> Exchange::hear(wire::Packet &&packet)
+{
+    m_strayBytes -= packet.raw.size();
+    if (packet.framing == Framing::Protocol2 && packet.instruction != wire::Status) {
+        m_hasEcho = true;
+        return std::nullopt;
+    }
+    if (packet.parameters.size() != dataSize(packet.framing))
+        return std::nullopt;
+    m_heard.push_back(packet);
+    const bool mayBeEcho = packet.framing == Framing::Protocol1 && packet.raw == encoded(Framing::Protocol1);
+    if (packet.id != m_request.id || mayBeEcho)
+        return std::nullopt;
+    m_answer = std::move(packet);
+    return Progress::Answered;
 }

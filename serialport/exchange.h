@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <optional>
+#include <vector>
 
 struct BusOperation;
 
@@ -67,6 +68,14 @@ public:
     /** The latest answer, which is a refusal unless it gave Progress::Answered; nothing until one came. */
     const std::optional<wire::Packet> &answer() const { return m_answer; }
 
+    /** What servos said in answer to whoever is asked for who is there. */
+    const std::vector<wire::Packet> &heard() const { return m_heard; }
+    /** Whether somebody of those who were asked has answered. */
+    bool heardWhoWasAsked() const { return m_answer || (m_request.id == wire::BroadcastId && !m_heard.empty()); }
+    bool hasEcho() const { return m_hasEcho; }
+    /** Bytes taken that were part of no packet; meaningful when everybody was listened to. */
+    int strayBytes() const { return m_strayBytes; }
+
     /** Longest time from handing @p requestSize bytes to the port until the whole reply of @p replySize is here. */
     static Duration patience(int requestSize, int replySize, int baudRate);
     /** Time that request and reply take on the wire, and a little: when to try the other framing. */
@@ -87,6 +96,8 @@ private:
     Duration patienceFor(wire::Framing framing, int packetSize) const;
     bool isInsideFirstAnswer() const;
     std::optional<Progress> examine(wire::Packet &&packet);
+    std::optional<Progress> hear(wire::Packet &&packet);
+    Duration patienceToFind(wire::Framing framing, int packetSize) const;
 
     BusRequest m_request;
     const BusOperation &m_operation;
@@ -102,4 +113,7 @@ private:
     wire::protocol1::Parser m_parser1;
     wire::protocol2::Parser m_parser2;
     std::optional<wire::Packet> m_answer;
+    std::vector<wire::Packet> m_heard;
+    bool m_hasEcho = false;
+    int m_strayBytes = 0;
 };

@@ -22,6 +22,8 @@ using Outcome = BusResult::Outcome;
 constexpr Clock::Duration DrainSilence = std::chrono::milliseconds(3);
 /** A line that never falls silent is not waited for longer than this many silences. */
 constexpr int MaximumDrainRounds = 50;
+/** Bytes that are kept of what comes between two exchanges: late answers, and not much of what nobody can use. */
+constexpr int MostUnasked = 1024;
 
 wire::Framing framingOf(unsigned char protocolGeneration)
 {
@@ -188,10 +190,15 @@ void ServoBus::startNext()
     m_exchange = std::make_unique<Exchange>(
         m_current.request, m_first, known == m_framings.end() ? std::nullopt : std::make_optional(known->second),
         m_baudRate);
-    // Nothing that is here by now answers what was not asked yet.
-    m_line->discardReceived();
+    // Nothing that is here by now answers what was not asked yet, unless it is of use whoever was asked.
+    const QByteArray unasked = std::exchange(m_unasked, {});
+    const bool isForWhoeverAnswers = m_exchange->operation().isForWhoeverAnswers;
+    if (!isForWhoeverAnswers)
+        m_line->discardReceived();
     if (isOpen())
         startAttempt();
+    if (isOpen() && isForWhoeverAnswers)
+        m_exchange->take(unasked);
 }
 
 void ServoBus::startAttempt()
@@ -231,8 +238,11 @@ void ServoBus::receive()
     const bool isDraining = m_state == State::Draining;
     if (isDraining)
         waitFor(++m_drainRounds < MaximumDrainRounds ? DrainSilence : Clock::Duration(0));
-    if (!m_exchange)
+    if (!m_exchange) {
+        if (m_state == State::Idle)
+            m_unasked = (m_unasked + bytes).right(MostUnasked);
         return;
+    }
 
     // On a line that holds answers back they come while it is drained for the repeat, and count all the same.
     switch (m_exchange->take(bytes)) {
@@ -260,7 +270,9 @@ void ServoBus::onAlarm()
     }
     if (m_state != State::Exchanging)
         return;
-    if (const auto next = m_exchange->timeOut())
+    if (m_exchange->operation().isForWhoeverAnswers)
+        finish(m_exchange->heardWhoWasAsked() ? Outcome::Answered : withoutAnswer(), State::Idle);
+    else if (const auto next = m_exchange->timeOut())
         transmit(next->packet, next->patience);
     else
         attemptFailed();
@@ -273,7 +285,7 @@ void ServoBus::attemptFailed()
     m_state = State::Draining;
     waitFor(DrainSilence);
     if (!mayRepeat())
-        finish(m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer, State::Draining);
+        finish(withoutAnswer(), State::Draining);
 }
 
 void ServoBus::drainEnded()
@@ -293,7 +305,7 @@ void ServoBus::drainEnded()
     else if (mayRepeat())
         startAttempt();
     else
-        finish(m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer, State::Idle);
+        finish(withoutAnswer(), State::Idle);
 }
 
 bool ServoBus::mayRepeat() const
@@ -303,11 +315,21 @@ bool ServoBus::mayRepeat() const
     return !m_current.isWithdrawn && !isCut && m_current.attempts < m_exchange->operation().attempts;
 }
 
+BusResult::Outcome ServoBus::withoutAnswer() const
+{
+    return m_current.isWithdrawn ? Outcome::Withdrawn : Outcome::NoAnswer;
+}
+
 void ServoBus::finish(Outcome outcome, State next)
 {
     BusResult result;
     result.outcome = outcome;
     result.attempts = m_current.attempts;
+    if (m_exchange->operation().isForWhoeverAnswers) {
+        result.heard = m_exchange->heard();
+        result.hasEcho = m_exchange->hasEcho();
+        result.strayBytes = m_exchange->strayBytes();
+    }
     if (const auto &answer = m_exchange->answer()) {
         m_framings[m_current.request.id] = answer->framing;
         result.answer = *answer;
@@ -349,6 +371,7 @@ void ServoBus::reset(Outcome outcome)
     for (Job &job : std::exchange(m_waiting, {}))
         endLater(std::move(job), outcome);
     m_framings.clear();
+    m_unasked.clear();
 }
 
 void ServoBus::endLater(Job job, Outcome outcome)

@@ -22,8 +22,8 @@ class Exchange;
  * completion and a result of its own.
  *
  * - Requests go out in the order they were made, urgent ones ahead of all others that wait.
- * - A read is sent three times at most until it is answered, a write six times, a reboot, a factory reset or what is
- *   told once. Then it ends with NoAnswer, and what comes next goes out in spite of it.
+ * - A read is sent three times at most until it is answered, a write six times, a reboot, a factory reset, what is
+ *   told and who is there once. Then it ends with NoAnswer, and what comes next goes out in spite of it.
  * - An answer counts as long as its request may be repeated, also while the line is drained for that.
  * - A servo's framing is learned from its first answer and remembered until the port is closed.
  *
@@ -144,6 +144,7 @@ private:
     void attemptFailed();
     void drainEnded();
     bool mayRepeat() const;
+    BusResult::Outcome withoutAnswer() const;
     void finish(BusResult::Outcome outcome, State next);
     void onLineLost(const QString &reason);
     void reset(BusResult::Outcome outcome);
@@ -163,6 +164,7 @@ private:
     std::unique_ptr<Exchange> m_exchange;
     Clock::TimePoint m_deadline;
     int m_drainRounds = 0;
+    QByteArray m_unasked;                       ///< came since the last exchange
     std::map<quint8, wire::Framing> m_framings; ///< what the servos of this session answered in
     std::vector<EndedJob> m_ended;              ///< whose completions are called from the event loop
     quint64 m_session = 0;                      ///< counts openings, so that a late report knows its port is gone

@@ -19,8 +19,6 @@ constexpr std::chrono::seconds Patience{1};
 
 constexpr const char *ServoId = "id";
 constexpr const char *BaudRate = "baud_rate";
-/** Registers that a servo clears by itself once it has done what they ask for. */
-constexpr const char *SelfClearing = "pending_shadow_instruction";
 
 bool hasKey(const AppliedField &field, const char *key)
 {
@@ -263,7 +261,7 @@ void ApplyProof::judge(Pending &pending, const QByteArray &registers, bool isWhe
 
 bool ApplyProof::isHeld(const AppliedField &field, const Pending &pending, bool isWhereItWas) const
 {
-    if (hasKey(field, SelfClearing))
+    if (field.field->clearsItself)
         return false;
     if (!isAddress(field))
         return true;

@@ -5,6 +5,7 @@
 #include "model/baudrates.h"
 #include "settings/portlist.h"
 #include "settings/settings.h"
+#include "settings/storedport.h"
 
 #include <QIntValidator>
 #include <QLineEdit>
@@ -15,13 +16,8 @@
 
 namespace {
 
-const QString PortGroup = QStringLiteral("port settings");
 const QString UnitsGroup = QStringLiteral("units settings");
-const QString BaudRateKey = QStringLiteral("baudRate");
-const QString PortNameKey = QStringLiteral("serialPortName");
 
-constexpr int DefaultBaudRate = 1000000;
-constexpr int HighestBaudRate = 4000000;
 constexpr int ConnectionTab = 0;
 constexpr int TitleIndent = 10; // pixels, by the forms' style sheets
 
@@ -76,9 +72,9 @@ const SettingsDialog::UnitRow SettingsDialog::UnitRows[] = {
 SettingsDialog::SettingsDialog() : SettingsDialog(std::make_shared<SerialHelper>()) {}
 
 SettingsDialog::SettingsDialog(std::shared_ptr<SerialHelper> serialHelper)
-    : m_ui(std::make_unique<Ui::SettingsDialog>()), m_portStore(std::make_shared<Settings>(PortGroup)),
+    : m_ui(std::make_unique<Ui::SettingsDialog>()), m_portStore(std::make_shared<Settings>(storedport::Group)),
       m_unitsStore(std::make_shared<Settings>(UnitsGroup)), m_serialHelper(std::move(serialHelper)),
-      m_baudRateValidator(new QIntValidator(0, HighestBaudRate, this))
+      m_baudRateValidator(new QIntValidator(0, storedport::HighestBaudRate, this))
 {
     m_ui->setupUi(this);
     theDialog = this;
@@ -122,7 +118,7 @@ void SettingsDialog::usePort(const QString &portName)
 {
     m_portSettings.portName = portName;
     m_chosenPort = portName;
-    m_portStore->setValue(PortNameKey, portName);
+    m_portStore->setValue(storedport::NameKey, portName);
     fillPorts(); // its adapter may have come since the list was filled
     m_ui->serialPortInfoListBox->setCurrentText(portName);
 }
@@ -148,8 +144,8 @@ void SettingsDialog::apply()
 {
     readPort();
     m_chosenPort = m_portSettings.portName;
-    m_portStore->setValue(BaudRateKey, m_portSettings.baudRate);
-    m_portStore->setValue(PortNameKey, m_portSettings.portName);
+    m_portStore->setValue(storedport::BaudRateKey, m_portSettings.baudRate);
+    m_portStore->setValue(storedport::NameKey, m_portSettings.portName);
     readUnits();
     for (const UnitRow &row : UnitRows) {
         if (row.button0)
@@ -185,7 +181,7 @@ void SettingsDialog::show()
 void SettingsDialog::on_updateBaudRate(int baudRate)
 {
     m_portSettings.baudRate = baudRate;
-    m_portStore->setValue(BaudRateKey, baudRate);
+    m_portStore->setValue(storedport::BaudRateKey, baudRate);
     showBaudRate(baudRate);
 }
 
@@ -231,7 +227,7 @@ void SettingsDialog::fillPorts()
         list->setCurrentText(m_chosenPort);
     }
     // While the stored port was away at the start, the first one of the list stood in for it.
-    if (list->currentText() == m_portStore->value(PortNameKey, QString()).toString())
+    if (list->currentText() == m_portStore->value(storedport::NameKey, QString()).toString())
         m_portSettings.portName = list->currentText();
     if (list->count() > 0)
         showPortInfo(list->currentIndex());
@@ -242,10 +238,11 @@ void SettingsDialog::fillPorts()
 void SettingsDialog::loadPort()
 {
     // What is no baud rate leaves the list at its first entry.
-    const int baudRate = m_portStore->boundedInt(BaudRateKey, DefaultBaudRate, 0, HighestBaudRate + 1);
-    if (baudRate > 0 && baudRate <= HighestBaudRate)
+    const int baudRate = m_portStore->boundedInt(storedport::BaudRateKey, storedport::DefaultBaudRate, 0,
+                                                 storedport::HighestBaudRate + 1);
+    if (baudRate > 0 && baudRate <= storedport::HighestBaudRate)
         showBaudRate(baudRate);
-    m_portSettings.portName = m_portStore->value(PortNameKey, QString()).toString();
+    m_portSettings.portName = m_portStore->value(storedport::NameKey, QString()).toString();
     m_ui->serialPortInfoListBox->setCurrentText(m_portSettings.portName);
     m_chosenPort = m_portSettings.portName;
 }

@@ -1,6 +1,6 @@
+#include "process/terminationsignals.h"
 #include "simulator/simulator.h"
 #include "simulator/simulatoroptions.h"
-#include "simulator/terminationsignals.h"
 
 #include <QCoreApplication>
 
@@ -30,10 +30,10 @@ int fail(const QString &error)
 
 int run(const SimulatorOptions &options)
 {
-    TerminationSignals terminationSignals;
+    process::TerminationSignals terminationSignals;
     Simulator simulator(options);
     QString failure;
-    QObject::connect(&terminationSignals, &TerminationSignals::requested, qApp, &QCoreApplication::quit);
+    QObject::connect(&terminationSignals, &process::TerminationSignals::requested, qApp, &QCoreApplication::quit);
     QObject::connect(&simulator, &Simulator::finished, qApp, [&failure](const QString &error) {
         failure = error;
         QCoreApplication::quit();

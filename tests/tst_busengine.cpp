@@ -248,6 +248,58 @@ private Q_SLOTS:
         }
     }
 
+    void whoIsThereIsHeardWhoeverWasAsked()
+    {
+        const QByteArray model = QByteArray::fromHex("020115");
+        const QByteArray three = protocol2::encodeStatus(3, 0, model);
+        const QByteArray four = protocol2::encodeStatus(4, 0, model);
+        const QByteArray ping1 = protocol1::encode(6, Ping, {});
+        const QByteArray echo = protocol2::encodeInstruction(BroadcastId, Ping, {});
+        // What each request is followed by on the line, and what is told of it: outcome, whose answers, echo, strays.
+        const struct
+        {
+            int id;
+            Framing framing;
+            QByteArray reply;
+            Outcome outcome;
+            QString told;
+        } steps[] = {
+            {BroadcastId, Framing::Protocol2, echo + three + four, Outcome::Answered, "3 4 echo 0"},
+            {3, Framing::Protocol2, {}, Outcome::NoAnswer, "0"},
+            {4, Framing::Protocol2, three + four, Outcome::Answered, "3 4 0"}, // the one before is late
+            {5, Framing::Protocol2, three.left(9), Outcome::NoAnswer, "9"},
+            {6, Framing::Protocol1, ping1, Outcome::NoAnswer, "6 0"}, // may be an echo
+            {6, Framing::Protocol1, protocol1::encode(6, 0, {}), Outcome::Answered, "6 0"},
+            {BroadcastId, Framing::Protocol1, {}, Outcome::Withdrawn, "0"}, // all would answer at once
+        };
+        for (const auto &step : steps) {
+            Rig rig([&step](const Packet &) { return step.reply; });
+            BusRequest request{Operation::Find, quint8(step.id), 0, 0, {}, step.framing};
+            request.linger = 1ms;
+            BusResult found;
+            rig.bus().request(request, [&found](const BusResult &result) { found = result; });
+            rig.settle();
+            QString told;
+            for (const Packet &packet : found.heard)
+                told += QString("%1 ").arg(packet.id);
+            told += QString(found.hasEcho ? "echo %1" : "%1").arg(found.strayBytes);
+            QCOMPARE(told, step.told);
+            QCOMPARE(found.outcome, step.outcome);
+            QVERIFY(rig.line->sent.size() <= 1);
+        }
+        // What comes between two of them counts, too.
+        Rig rig([](const Packet &) { return QByteArray(); });
+        rig.line->arrive(three);
+        rig.line->deliver();
+        QString heard;
+        rig.bus().request({Operation::Find, 4, 0, 0, {}}, [&](const BusResult &result) {
+            for (const Packet &packet : result.heard)
+                heard += QString::number(packet.id);
+        });
+        rig.settle();
+        QCOMPARE(heard, QString("3"));
+    }
+
     void aCompletionMayDoAnything()
     {
         const std::pair<const char *, Deed> deeds[] = {

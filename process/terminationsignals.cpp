@@ -1,13 +1,17 @@
-#include "simulator/terminationsignals.h"
+#include "process/terminationsignals.h"
 
-#include <QSocketNotifier>
+#ifdef Q_OS_UNIX
+#    include <QSocketNotifier>
 
-#include <cerrno>
-#include <csignal>
-#include <fcntl.h>
-#include <unistd.h>
+#    include <cerrno>
+#    include <csignal>
+#    include <fcntl.h>
+#    include <unistd.h>
+#endif
 
-namespace simulator {
+namespace process {
+
+#ifdef Q_OS_UNIX
 
 namespace {
 
@@ -61,4 +65,11 @@ TerminationSignals::~TerminationSignals()
     }
 }
 
-} // namespace simulator
+#else
+
+TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent) {}
+TerminationSignals::~TerminationSignals() = default;
+
+#endif
+
+} // namespace process

@@ -2,10 +2,12 @@
 
 #include <QObject>
 
-namespace simulator {
+namespace process {
 
-/** Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that the process can tidy up. One per
- * process. */
+/**
+ * Turns SIGINT, SIGTERM and SIGHUP into a signal of the event loop, so that the process can tidy up. One per process.
+ * On systems without these signals it does nothing.
+ */
 class TerminationSignals : public QObject
 {
     Q_OBJECT
@@ -19,4 +21,4 @@ Q_SIGNALS:
     void requested();
 };
 
-} // namespace simulator
+} // namespace process

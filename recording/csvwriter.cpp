@@ -49,11 +49,11 @@ CsvWriter::CsvWriter(QIODevice &device, std::vector<Column> columns, const TimeO
 
 QString CsvWriter::writeTitles()
 {
-    QByteArray line = QByteArray("time") + m_format.separator + "elapsed [s]";
+    QByteArray line = QByteArray(TimeTitle) + m_format.separator + ElapsedTitle;
     for (const Column &column : m_columns)
         line += m_format.separator + quoted(column.title());
     if (m_format.hasEvents)
-        line += m_format.separator + QByteArray("event");
+        line += m_format.separator + QByteArray(EventTitle);
     return write(std::move(line));
 }
 

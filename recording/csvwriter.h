@@ -29,6 +29,11 @@ struct TimeOrigin
     QByteArray seconds(TimePoint when) const;
 };
 
+// The titles of the columns that every recording has; the last one only with events.
+inline constexpr const char *TimeTitle = "time";
+inline constexpr const char *ElapsedTitle = "elapsed [s]";
+inline constexpr const char *EventTitle = "event";
+
 /** How a table of comma-separated values is written; as RFC 4180 has it unless told otherwise. */
 struct CsvFormat
 {

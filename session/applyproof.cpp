@@ -118,8 +118,10 @@ void ApplyProof::onWriteSent(quint8 address, const QByteArray &data)
 {
     const auto isThis = [&](const Pending &pending) { return !pending.isSent && pending.isWrite(address, data); };
     const auto found = std::find_if(m_pending.begin(), m_pending.end(), isThis);
-    if (found != m_pending.end())
-        found->isSent = true;
+    if (found == m_pending.end())
+        return;
+    found->isSent = true;
+    found->report.sentAt = m_clock.now();
 }
 
 void ApplyProof::onWritten(const WriteOutcome &outcome)

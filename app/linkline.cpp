@@ -19,13 +19,15 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 
 LinkLine::LinkLine(QWidget *parent)
     : QWidget(parent), m_servo(new ElidedLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
-      m_quality(new QLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this))
+      m_quality(new QLabel(this)), m_recording(new QLabel(this)), m_motor(new QLabel(this)),
+      m_stop(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
     m_servo->setObjectName(QStringLiteral("linkServoLabel"));
     m_fault->setObjectName(QStringLiteral("linkFaultLabel"));
     m_event->setObjectName(QStringLiteral("linkEventLabel"));
     m_quality->setObjectName(QStringLiteral("linkQualityLabel"));
+    m_recording->setObjectName(QStringLiteral("linkRecordingLabel"));
     m_motor->setObjectName(QStringLiteral("linkMotorLabel"));
     m_stop->setObjectName(QStringLiteral("stopMotorButton"));
     m_fault->setStyleSheet(QStringLiteral("color: #a00000; font-weight: bold;"));
@@ -34,7 +36,7 @@ LinkLine::LinkLine(QWidget *parent)
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
     layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
     for (QLabel *label : {static_cast<QLabel *>(m_servo), static_cast<QLabel *>(m_fault),
-                          static_cast<QLabel *>(m_event), m_quality, m_motor}) {
+                          static_cast<QLabel *>(m_event), m_quality, m_recording, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);
@@ -62,6 +64,11 @@ void LinkLine::showFault(const QString &text, const QString &tip)
 void LinkLine::tell(const QString &text, const QString &tip)
 {
     fill(*m_event, text, tip);
+}
+
+void LinkLine::showRecording(const QString &text, const QString &tip)
+{
+    fill(*m_recording, text.isEmpty() ? QString() : QStringLiteral("\u25CF ") + text, tip);
 }
 
 void LinkLine::showMotor(const QString &text)

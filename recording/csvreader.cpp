@@ -115,6 +115,7 @@ public:
         if (!isNumber)
             return false;
         const TimePoint when(std::chrono::microseconds(qRound64(seconds * 1e6)));
+        takeWallTime(when, places[0]);
         const QString event = m_hasEvents ? QString::fromUtf8(places.back()) : QString();
         if (!event.isEmpty()) {
             addMark(Mark::fromFileText(when, event));
@@ -128,6 +129,16 @@ public:
     static constexpr std::size_t LeadingColumns = 2;
 
 private:
+    /** The first line tells the origin's time on the wall. */
+    void takeWallTime(TimePoint when, const QByteArray &place)
+    {
+        if (m_recording.origin.wall.isValid())
+            return;
+        const QDateTime wall = QDateTime::fromString(QString::fromLatin1(place), Qt::ISODateWithMs);
+        const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(when.time_since_epoch());
+        m_recording.origin.wall = wall.addMSecs(-since.count());
+    }
+
     void addMark(const Mark &mark)
     {
         m_recording.marks.push_back(mark);

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "recording/column.h"
+#include "recording/csvwriter.h"
 #include "recording/mark.h"
 #include "recording/samplestore.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -18,8 +20,8 @@ struct Recording
 {
     std::shared_ptr<SampleStore> samples;
     std::vector<Column> columns; ///< what the file has, in its units; other registers are 0
-    std::vector<Mark> marks;
-    TimePoint origin; ///< where its seconds are counted from
+    std::deque<Mark> marks;
+    TimeOrigin origin; ///< where its seconds are counted from
 };
 
 /** A recording, or why there is none. */

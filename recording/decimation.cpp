@@ -64,8 +64,9 @@ private:
     {
         if (m_inLine > 0 && point.time == m_emitted[1].time)
             return;
-        // Only the ends of a level stretch are needed.
-        const bool isLevel = m_inLine > 1 && m_emitted[0].raw == point.raw && m_emitted[1].raw == point.raw;
+        // Only the ends of a level stretch are needed, unless each sample is to be seen.
+        const bool isLevel =
+            m_inLine > 1 && !m_lines.isSparse && m_emitted[0].raw == point.raw && m_emitted[1].raw == point.raw;
         if (isLevel)
             m_lines.points.pop_back();
         else
@@ -102,6 +103,7 @@ Polylines decimated(const SampleStore &store, const Column &column, const TimeSp
     const Number begin = std::max(store.first(), store.lowerBound(span.from) - 1);
     const Number end = std::min(store.end(), store.lowerBound(span.to) + 1);
     const qint64 width = std::max<qint64>(1, (microseconds(span.to) - microseconds(span.from)) / std::max(1, pixels));
+    lines.isSparse = (end - begin) * SparseDistance <= pixels;
     Collector collector(lines, column, microseconds(origin));
     for (Number number = begin; number < end; ++number) {
         if (number == begin || store.followsGap(number))

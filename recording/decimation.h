@@ -1,7 +1,7 @@
 #pragma once
 
 #include "recording/column.h"
-#include "recording/samplestore.h"
+#include "recording/mark.h"
 
 #include <QPointF>
 
@@ -9,19 +9,16 @@
 
 namespace recording {
 
-/** A stretch of time. */
-struct TimeSpan
-{
-    TimePoint from;
-    TimePoint to;
-};
-
 /** What is left of a curve to draw: points by ascending time, and where lines begin anew. */
 struct Polylines
 {
     std::vector<QPointF> points;     ///< seconds from an origin, and the value in its unit
     std::vector<std::size_t> starts; ///< index of each line's first point; lost polls lie before all but the first
+    bool isSparse = false;           ///< whether the points are all the samples, with some pixels between them
 };
+
+/** Pixels between two samples from which on they can be told apart. */
+inline constexpr int SparseDistance = 6;
 
 /**
  * The samples of @p column in @p span, and one on each side, as lines that look the same at @p pixels columns of

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
 
 namespace recording {
@@ -62,19 +61,11 @@ void FileRecording::add(const Mark &mark)
 
 void FileRecording::addPast(const SampleStore &samples, const std::deque<Mark> &marks, TimePoint from)
 {
-    std::vector<Mark> past;
-    std::copy_if(marks.begin(), marks.end(), std::back_inserter(past),
-                 [from](const Mark &mark) { return mark.when >= from; });
-    std::stable_sort(past.begin(), past.end(),
-                     [](const Mark &one, const Mark &other) { return one.when < other.when; });
-    auto mark = past.begin();
-    for (auto number = samples.lowerBound(from); number < samples.end() && m_writer; ++number) {
-        for (; mark != past.end() && mark->when <= samples.timeOf(number); ++mark)
-            add(*mark);
-        add(samples.image(number));
-    }
-    for (; mark != past.end(); ++mark)
-        add(*mark);
+    const auto take = [this](const auto &entry) {
+        add(entry);
+        return isRunning();
+    };
+    goThrough(samples, marks, {from, TimePoint::max()}, take, take);
 }
 
 std::chrono::seconds FileRecording::duration() const

@@ -4,6 +4,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace recording {
 
 namespace {
@@ -65,6 +68,31 @@ QString appliedText(const std::vector<session::AppliedField> &fields, const Unit
     for (const session::AppliedField &field : fields)
         texts.append(valueText(field, unitOf));
     return texts.join(QLatin1String(", "));
+}
+
+void goThrough(const SampleStore &samples, const std::deque<Mark> &marks, const TimeSpan &span,
+               const std::function<bool(const Mark &)> &takeMark,
+               const std::function<bool(const model::RegisterImage &)> &takeSample)
+{
+    std::vector<Mark> sorted;
+    std::copy_if(marks.begin(), marks.end(), std::back_inserter(sorted),
+                 [&span](const Mark &mark) { return mark.when >= span.from && mark.when <= span.to; });
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const Mark &one, const Mark &other) { return one.when < other.when; });
+    auto mark = sorted.begin();
+    for (auto number = samples.lowerBound(span.from); number < samples.end() && samples.timeOf(number) <= span.to;
+         ++number) {
+        for (; mark != sorted.end() && mark->when <= samples.timeOf(number); ++mark) {
+            if (!takeMark(*mark))
+                return;
+        }
+        if (!takeSample(samples.image(number)))
+            return;
+    }
+    for (; mark != sorted.end(); ++mark) {
+        if (!takeMark(*mark))
+            return;
+    }
 }
 
 } // namespace recording

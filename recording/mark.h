@@ -1,15 +1,16 @@
 #pragma once
 
 #include "recording/column.h"
+#include "recording/samplestore.h"
 #include "session/applyreport.h"
 
 #include <QString>
 
+#include <deque>
+#include <functional>
 #include <vector>
 
 namespace recording {
-
-using TimePoint = model::RegisterImage::TimePoint;
 
 /** Something that happened beside the samples. */
 struct Mark
@@ -36,5 +37,20 @@ struct Mark
 
 /** What @p fields were to become, as files have it: "target_position 2.5 rad, torque_limit 1 Nm". */
 QString appliedText(const std::vector<session::AppliedField> &fields, const UnitChoice &unitOf);
+
+/** A stretch of time. */
+struct TimeSpan
+{
+    TimePoint from;
+    TimePoint to;
+};
+
+/**
+ * Hands the samples and marks of @p span on in the order of their times, until one of the two returns false.
+ * @param marks in any order.
+ */
+void goThrough(const SampleStore &samples, const std::deque<Mark> &marks, const TimeSpan &span,
+               const std::function<bool(const Mark &)> &takeMark,
+               const std::function<bool(const model::RegisterImage &)> &takeSample);
 
 } // namespace recording

@@ -17,6 +17,7 @@ Sampler::Sampler(const session::Connection &connection, const session::ApplyProo
     connect(&connection, &session::Connection::polled, this, &Sampler::onPolled);
     connect(&connection, &session::Connection::pollLost, this, &Sampler::onPollLost);
     connect(&connection, &session::Connection::stateChanged, this, &Sampler::onStateChanged);
+    connect(&proof, &session::ApplyProof::read, this, &Sampler::onProofRead);
     connect(&proof, &session::ApplyProof::reported, this, &Sampler::onReported);
 }
 
@@ -44,6 +45,16 @@ void Sampler::onPolled(const model::RegisterImage &image)
     m_samples->add(image);
     lookForFaults(image);
     Q_EMIT sampled(image);
+}
+
+/** What is read right after an Apply is the first that tells of it. */
+void Sampler::onProofRead(const QByteArray &registers)
+{
+    if (!m_connection.family() || registers.size() < m_connection.family()->tableSize)
+        return;
+    model::RegisterImage image(m_connection.family());
+    image.take(0, registers, m_clock.now());
+    onPolled(image);
 }
 
 void Sampler::onPollLost()

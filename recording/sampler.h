@@ -50,6 +50,7 @@ Q_SIGNALS:
 
 private:
     void onPolled(const model::RegisterImage &image);
+    void onProofRead(const QByteArray &registers);
     void onPollLost();
     void onStateChanged(session::State state, session::State before);
     void onReported(const session::ApplyReport &report);

@@ -72,12 +72,14 @@ std::optional<Step> stepOf(const SampleStore &samples, const session::AppliedFie
     if (!pair || begin < samples.first() || end - begin < 2)
         return std::nullopt;
     const model::Field &actual = samples.family()[pair->actual];
-    Step step{{applied.field, unitOf(applied.field->kind)}, {&actual, unitOf(actual.kind)}, span, 0, {}, {}};
+    Step step{{applied.field, unitOf(applied.field->kind)}, {&actual, unitOf(actual.kind)}, span, 0, 0, {}, {}};
     step.to = step.target.value(model::rawValue(*applied.field, applied.wanted));
     const bool hasDirection = actual.isDirected() || actual.encoding.form == model::Encoding::Form::Signed;
     if (applied.field->isDirected() && !hasDirection)
         step.to = std::abs(step.to);
-    step.figures = stepFigures(valuesOf(samples, step, begin, end), step.to);
+    const std::vector<TimedValue> values = valuesOf(samples, step, begin, end);
+    step.from = values.front().value;
+    step.figures = stepFigures(values, step.to);
     step.gains = gainsAt(samples, end - 1);
     return step;
 }

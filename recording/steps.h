@@ -15,9 +15,10 @@ namespace recording {
 struct Step
 {
     Column target;
-    Column actual; ///< what follows the target
-    TimeSpan span; ///< from the Apply until the next one, ten seconds at most
-    double to = 0; ///< the new target in its unit; of what has no direction, its magnitude
+    Column actual;   ///< what follows the target
+    TimeSpan span;   ///< from the Apply until the next one, ten seconds at most
+    double from = 0; ///< the value at the Apply
+    double to = 0;   ///< the new target in its unit; of what has no direction, its magnitude
     std::optional<StepFigures> figures;
     std::vector<session::AppliedField> gains; ///< what they were: their bits are in "wanted"
 };

@@ -257,12 +257,16 @@ private Q_SLOTS:
                          {&model::ZelvarV1Family["velocity_proportional_gain"], 250U, 0U, 250U}};
         Q_EMIT proof.reported(report);
         poll(model::ZelvarV1Family, 4);
+        connection.begin({3, 1000000});
         sampler.tellPortLost("the adapter is gone");
+        connection.end();
+        poll(model::ZelvarV1Family, 4);
         QCOMPARE(marks, QStringList({"0.10 fault: hall_sensor_error", "0.10 fault: overheating_error", "0.30 gap",
                                      "0.35 applied: target_position 90 deg, velocity_proportional_gain 0.25",
-                                     "0.50 link: the adapter is gone"}));
-        QCOMPARE(sampler.samples()->end(), 4);
-        QVERIFY(!sampler.samples()->followsGap(2) && sampler.samples()->followsGap(3));
+                                     "0.50 link: the adapter is gone", "0.50 gap: disconnected"}));
+        QCOMPARE(sampler.samples()->end(), 5);
+        for (const int number : {0, 1, 2, 3, 4})
+            QCOMPARE(sampler.samples()->followsGap(number), number > 2);
         poll(model::DynamixelAx12Family, 0);
         QCOMPARE(sampler.samples()->end(), 1);
     }

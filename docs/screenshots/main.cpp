@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QFont>
 #include <QPixmap>
@@ -26,11 +27,13 @@
 namespace {
 
 constexpr int ServoId = 3;
-constexpr int PollingInterval = 100;    // ms
+constexpr int PollingInterval = 20;     // ms
 constexpr QSize WindowSize(1192, 1000); // all of the parameters
-constexpr double Target = 2.5;          // rad
-constexpr double OnTheWay = 0.5;        // rad
-constexpr int Patience = 20000;         // ms
+constexpr QSize PlotSize(1000, 720);
+constexpr int SpanIndex = 2;     // ten seconds
+constexpr double Target = 2.5;   // rad
+constexpr double OnTheWay = 0.5; // rad
+constexpr int Patience = 20000;  // ms
 
 enum Tab {
     UnitFields,
@@ -72,6 +75,7 @@ public:
         takeEditing();
         takeMovement();
         takeRegisters();
+        takeSteps();
         m_desk.trigger("actionDisconnect");
     }
 
@@ -128,6 +132,35 @@ private:
         require("register values", [this] { return !m_desk.cell("eepromRegisterBank1Widget", 0).isEmpty(); });
         take(*m_desk.window, "register-fields");
         m_desk.showTab(UnitFields);
+    }
+
+    /** Two steps with different gains, in the plot. */
+    void takeSteps() const
+    {
+        m_desk.trigger("actionPlot");
+        auto *dock = m_desk.find<QDockWidget>("plotDock");
+        dock->setFloating(true);
+        dock->resize(PlotSize);
+        auto *spans = m_desk.find<QComboBox>("plotSpanComboBox");
+        spans->setCurrentIndex(SpanIndex);
+        Q_EMIT spans->activated(SpanIndex);
+        const std::pair<double, double> steps[] = {{1.0, 4.0}, {0.0, 4.0}, {1.0, 20.0}};
+        for (const auto &[target, gain] : steps) {
+            apply({{"targetPositionDoubleSpinBox", target}, {"positionProportionalTermDoubleSpinBox", gain}});
+            require("a step", [this, to = target] { return qAbs(position().toDouble() - to) < 0.01; });
+            QTest::qWait(1500);
+        }
+        take(*dock, "plot");
+    }
+
+    void apply(const QVector<std::pair<const char *, double>> &values) const
+    {
+        m_desk.click("vParamsEditSaveToolButton");
+        for (const auto &[name, value] : values)
+            m_desk.find<QDoubleSpinBox>(name)->setValue(value);
+        auto *apply = m_desk.find<QToolButton>("vParamsEditSaveToolButton");
+        require("changes to apply", [apply] { return apply->isEnabled() && apply->isChecked(); });
+        m_desk.click("vParamsEditSaveToolButton");
     }
 
     QString position() const { return m_desk.text("actualPositionLineEdit"); }

@@ -1,0 +1,65 @@
+#include "plot/plotitems.h"
+
+#include <qwt_scale_map.h>
+
+#include <QPainter>
+
+namespace plot {
+
+namespace {
+
+constexpr double DotSize = 4.0;
+constexpr int LongestText = 240; ///< pixels, of a line's text
+
+void drawDots(QPainter &painter, const QPen &pen, const QPolygonF &points)
+{
+    QPen dots = pen;
+    dots.setWidthF(DotSize);
+    dots.setCapStyle(Qt::RoundCap);
+    dots.setStyle(Qt::SolidLine);
+    painter.setPen(dots);
+    painter.drawPoints(points);
+}
+
+} // namespace
+
+void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap, const QRectF &) const
+{
+    const auto &[points, starts, isSparse] = m_lines;
+    painter->setBrush(Qt::NoBrush);
+    for (std::size_t line = 0; line < starts.size(); ++line) {
+        const std::size_t end = line + 1 < starts.size() ? starts[line + 1] : points.size();
+        QPolygonF polygon;
+        polygon.reserve(int(end - starts[line]));
+        for (std::size_t i = starts[line]; i < end; ++i)
+            polygon.append({xMap.transform(points[i].x()), yMap.transform(points[i].y())});
+        painter->setPen(m_pen);
+        painter->drawPolyline(polygon);
+        if (polygon.size() == 1 || isSparse)
+            drawDots(*painter, m_pen, polygon);
+    }
+}
+
+void VerticalLinesItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &,
+                             const QRectF &canvas) const
+{
+    constexpr int Margin = 3;
+    const QFontMetrics metrics = painter->fontMetrics();
+    double textEnd = canvas.left();
+    for (const VerticalLine &line : m_lines) {
+        const double x = xMap.transform(line.seconds);
+        if (x < canvas.left() || x > canvas.right())
+            continue;
+        painter->setPen(line.pen);
+        painter->drawLine(QPointF(x, canvas.top()), QPointF(x, canvas.bottom()));
+        if (line.text.isEmpty() || x < textEnd)
+            continue;
+        const QString text = metrics.elidedText(line.text, Qt::ElideRight, LongestText);
+        const QPointF place(x + Margin, canvas.top() + metrics.ascent() + Margin);
+        painter->setPen(line.pen.color());
+        painter->drawText(place, text);
+        textEnd = place.x() + metrics.horizontalAdvance(text) + Margin;
+    }
+}
+
+} // namespace plot

@@ -4,6 +4,7 @@
 #include "bench/codecrow.h"
 #include "bench/guirows.h"
 #include "bench/linkrows.h"
+#include "bench/plotrows.h"
 #include "bench/processrows.h"
 #include "bench/scanrow.h"
 #include "bench/stoprow.h"
@@ -36,6 +37,8 @@ constexpr Measurement Measurements[] = {
     {"live",      liveProgram        },
     {"scan",      silentScan         },
     {"stop",      keyToWire          },
+    {"plot",      paintedPlot        },
+    {"live-plot", livePlot           },
     {"codec",     codecTime          },
 };
 // clang-format on

@@ -10,3 +10,8 @@ Figures startTime(const Rounds &rounds);
  * afterwards against a program with an empty window.
  */
 Figures liveProgram(const Rounds &rounds);
+
+class DrivenServo;
+
+/** Share of one core, in percent, that the program uses while it polls @p servo and shows "Unit fields". */
+double unitFieldsShare(const DrivenServo &servo, int polls);

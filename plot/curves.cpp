@@ -67,8 +67,8 @@ std::ptrdiff_t rank(const model::Field &field)
 
 QPen penOf(std::size_t index, const model::Field &field)
 {
-    constexpr double Width = 1.5;
-    QPen pen(QColor(Colors[index % std::size(Colors)]), Width);
+    QPen pen(QColor(Colors[index % std::size(Colors)]), 1);
+    pen.setCosmetic(true);
     if (field.isWritable())
         pen.setStyle(Qt::DashLine);
     return pen;

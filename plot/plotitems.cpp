@@ -21,6 +21,18 @@ void drawDots(QPainter &painter, const QPen &pen, const QPolygonF &points)
     painter.drawPoints(points);
 }
 
+/**
+ * A line about a pixel of the desktop wide. Wide pens are outlined and filled as a whole, which takes seconds when a
+ * line goes up and down in each column of pixels; so thin ones are laid side by side where pixels are small.
+ */
+void drawLine(QPainter &painter, const QPen &pen, const QPolygonF &points)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    painter.setPen(pen);
+    for (int pass = 0; pass < qRound(ratio); ++pass)
+        painter.drawPolyline(points.translated(pass / ratio, pass / ratio));
+}
+
 } // namespace
 
 void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap, const QRectF &) const
@@ -33,8 +45,7 @@ void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleM
         polygon.reserve(int(end - starts[line]));
         for (std::size_t i = starts[line]; i < end; ++i)
             polygon.append({xMap.transform(points[i].x()), yMap.transform(points[i].y())});
-        painter->setPen(m_pen);
-        painter->drawPolyline(polygon);
+        drawLine(*painter, m_pen, polygon);
         if (polygon.size() == 1 || isSparse)
             drawDots(*painter, m_pen, polygon);
     }

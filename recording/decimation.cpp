@@ -1,7 +1,7 @@
 #include "recording/decimation.h"
 
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 namespace recording {
 
@@ -20,17 +20,18 @@ struct RawPoint
 class Collector
 {
 public:
-    Collector(Polylines &lines, const Column &column, qint64 origin)
-        : m_lines(lines), m_column(column), m_origin(origin)
+    /** @param width of a column of pixels, in microseconds. */
+    Collector(Polylines &lines, const Column &column, qint64 origin, qint64 width)
+        : m_lines(lines), m_column(column), m_origin(origin), m_width(width)
     {
     }
 
-    void add(const RawPoint &point, qint64 bin)
+    void add(const RawPoint &point)
     {
-        if (m_hasBin && bin != m_bin)
+        if (m_hasBin && point.time >= m_binEnd)
             endBin();
         if (!m_hasBin) {
-            m_bin = bin;
+            m_binEnd = (point.time / m_width + 1) * m_width;
             m_hasBin = true;
             m_first = m_least = m_greatest = point;
         }
@@ -80,8 +81,9 @@ private:
     Polylines &m_lines;
     const Column &m_column;
     qint64 m_origin;
+    qint64 m_width;
     bool m_hasBin = false;
-    qint64 m_bin = 0;
+    qint64 m_binEnd = 0;
     RawPoint m_first{};
     RawPoint m_least{};
     RawPoint m_greatest{};
@@ -104,13 +106,13 @@ Polylines decimated(const SampleStore &store, const Column &column, const TimeSp
     const Number end = std::min(store.end(), store.lowerBound(span.to) + 1);
     const qint64 width = std::max<qint64>(1, (microseconds(span.to) - microseconds(span.from)) / std::max(1, pixels));
     lines.isSparse = (end - begin) * SparseDistance <= pixels;
-    Collector collector(lines, column, microseconds(origin));
-    for (Number number = begin; number < end; ++number) {
-        if (number == begin || store.followsGap(number))
+    Collector collector(lines, column, microseconds(origin), width);
+    bool isFirst = true;
+    store.visit(begin, end, *column.field, [&](const SampleStore::Visited &sample) {
+        if (std::exchange(isFirst, false) || sample.followsGap)
             collector.beginLine();
-        const qint64 time = microseconds(store.timeOf(number));
-        collector.add({time, store.raw(number, *column.field)}, time / width);
-    }
+        collector.add({sample.microseconds, sample.raw});
+    });
     collector.endBin();
     return lines;
 }

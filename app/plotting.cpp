@@ -76,8 +76,9 @@ QString durationText(std::chrono::seconds duration)
 Plotting::Plotting(QMainWindow &window, LinkLine &line, const session::Connection &connection,
                    const session::ApplyProof &proof)
     : m_window(window), m_line(line), m_connection(connection), m_settings(SettingsGroup),
-      m_sampler(connection, proof, chosenUnit), m_showPane(makeAction("actionPlot", tr("&Plot"), Qt::CTRL | Qt::Key_P)),
-      m_record(makeAction("actionRecord", tr("&Record to a file\u2026"), Qt::CTRL | Qt::SHIFT | Qt::Key_R)),
+      m_sampler(connection, proof, chosenUnit),
+      m_showPane(makeAction("actionPlot", tr("&Plot"), QStringLiteral("Ctrl+P"))),
+      m_record(makeAction("actionRecord", tr("&Record to a file\u2026"), QStringLiteral("Ctrl+Shift+R"))),
       m_recordPast(makeAction("actionRecordPast", tr("Record &with the last ten minutes\u2026"), {})),
       m_recordAll(makeAction("actionRecordAll", tr("Record all &fields"), {}))
 {
@@ -133,8 +134,11 @@ void Plotting::setPaneShown(bool isShown)
 {
     if (isShown && !m_dock)
         makeDock();
-    if (m_dock)
-        m_dock->setVisible(isShown);
+    if (!m_dock)
+        return;
+    m_dock->setVisible(isShown);
+    if (isShown)
+        m_pane->setFocus();
 }
 
 void Plotting::makeDock()
@@ -283,7 +287,7 @@ QString Plotting::askWhereTo(const QString &title, const QString &suffix)
     dialog.selectFile(QFileInfo(suggestedPath(suffix)).fileName());
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString path = dialog.selectedFiles().value(0);
+    QString path = dialog.selectedFiles().value(0);
     rememberFolder(path);
     return path;
 }

@@ -51,7 +51,9 @@ void LegendRow::paintEvent(QPaintEvent *)
     const int baseline = fontMetrics().ascent() + 1;
     int x = m_indent;
     for (const LegendEntry &entry : m_entries) {
-        painter.setPen(entry.pen);
+        QPen swatch = entry.pen;
+        swatch.setWidth(2);
+        painter.setPen(swatch);
         painter.drawLine(x, height() / 2, x + SwatchWidth, height() / 2);
         x += SwatchWidth + Gap;
         painter.setPen(palette().color(QPalette::WindowText));

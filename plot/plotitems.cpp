@@ -22,20 +22,22 @@ void drawDots(QPainter &painter, const QPen &pen, const QPolygonF &points)
 }
 
 /**
- * A line about a pixel of the desktop wide. Wide pens are outlined and filled as a whole, which takes seconds when a
- * line goes up and down in each column of pixels; so thin ones are laid side by side where pixels are small.
+ * A line about two pixels of the desktop wide, and one where it is dense. Wide pens are outlined and filled as a whole,
+ * which takes seconds when a line goes up and down in each column of pixels; so thin ones are laid side by side where
+ * pixels are small.
  */
-void drawLine(QPainter &painter, const QPen &pen, const QPolygonF &points)
+void drawLine(QPainter &painter, const QPen &pen, const QPolygonF &points, double canvasWidth)
 {
     const double ratio = painter.device()->devicePixelRatioF();
+    const int passes = qRound(ratio) + (points.size() < canvasWidth ? 1 : 0);
     painter.setPen(pen);
-    for (int pass = 0; pass < qRound(ratio); ++pass)
+    for (int pass = 0; pass < passes; ++pass)
         painter.drawPolyline(points.translated(pass / ratio, pass / ratio));
 }
 
 } // namespace
 
-void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap, const QRectF &) const
+void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap, const QRectF &canvas) const
 {
     const auto &[points, starts, isSparse] = m_lines;
     painter->setBrush(Qt::NoBrush);
@@ -45,7 +47,7 @@ void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleM
         polygon.reserve(int(end - starts[line]));
         for (std::size_t i = starts[line]; i < end; ++i)
             polygon.append({xMap.transform(points[i].x()), yMap.transform(points[i].y())});
-        drawLine(*painter, m_pen, polygon);
+        drawLine(*painter, m_pen, polygon, canvas.width());
         if (polygon.size() == 1 || isSparse)
             drawDots(*painter, m_pen, polygon);
     }

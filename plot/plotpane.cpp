@@ -52,6 +52,7 @@ PlotPane::PlotPane(recording::Sampler &sampler, QWidget *parent)
       m_area(new StripArea(this)), m_steps(new StepRow(this)), m_cursor(new QLabel(this))
 {
     setObjectName(QStringLiteral("plotPane"));
+    setFocusProxy(m_area);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -82,8 +83,9 @@ QAction *PlotPane::addAction(const QString &name, const QString &text, const QSt
     action->setToolTip(key.isEmpty() ? tip
                                      : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
     action->setShortcut(key);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QWidget::addAction(action);
+    // Of the curves alone: elsewhere in the pane Space presses a button, and End belongs to the list.
+    action->setShortcutContext(Qt::WidgetShortcut);
+    m_area->addAction(action);
     return action;
 }
 
@@ -219,7 +221,8 @@ void PlotPane::addFieldMenu(const QString &title, model::Access access)
         action->setObjectName(QStringLiteral("plotField_") + QLatin1String(field.key));
         action->setCheckable(true);
         action->setChecked(keys.contains(QLatin1String(field.key)));
-        connect(action, &QAction::toggled, this, [this, &field](bool isShown) { chooseField(field, isShown); });
+        connect(action, &QAction::toggled, this,
+                [this, chosen = &field](bool isShown) { chooseField(*chosen, isShown); });
     }
 }
 

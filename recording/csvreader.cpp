@@ -35,14 +35,12 @@ public:
                 ++m_at;
             } else if (character == '"') {
                 isQuoted = !isQuoted;
-            } else if (isQuoted) {
-                places.back() += character;
-            } else if (character == '\n') {
+            } else if (!isQuoted && character == '\n') {
                 ++m_line;
                 return places;
-            } else if (character == m_separator) {
+            } else if (!isQuoted && character == m_separator) {
                 places.emplace_back();
-            } else if (character != '\r') {
+            } else if (isQuoted || character != '\r') {
                 places.back() += character;
             }
         }

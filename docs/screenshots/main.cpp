@@ -21,6 +21,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -31,6 +32,7 @@ constexpr int PollingInterval = 20;     // ms
 constexpr QSize WindowSize(1192, 1000); // all of the parameters
 constexpr QSize PlotSize(1000, 720);
 constexpr int SpanIndex = 2;     // ten seconds
+constexpr int SettleTime = 1200; // ms, in which the curves get their ends
 constexpr double Target = 2.5;   // rad
 constexpr double OnTheWay = 0.5; // rad
 constexpr int Patience = 20000;  // ms
@@ -137,6 +139,10 @@ private:
     /** Two steps with different gains, in the plot. */
     void takeSteps() const
     {
+        // Without a trajectory, so that the gains alone say how the servo follows.
+        edit("vParamsEditSaveToolButton", [this] { m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(false); });
+        edit("nvParamsEditSaveToolButton", [this] { m_desk.find<QComboBox>("inputModeComboBox")->setCurrentIndex(1); });
+        edit("vParamsEditSaveToolButton", [this] { m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(true); });
         m_desk.trigger("actionPlot");
         auto *dock = m_desk.find<QDockWidget>("plotDock");
         dock->setFloating(true);
@@ -144,23 +150,28 @@ private:
         auto *spans = m_desk.find<QComboBox>("plotSpanComboBox");
         spans->setCurrentIndex(SpanIndex);
         Q_EMIT spans->activated(SpanIndex);
-        const std::pair<double, double> steps[] = {{1.0, 4.0}, {0.0, 4.0}, {1.0, 20.0}};
+        const std::pair<double, double> steps[] = {{0.0, 12.0}, {1.0, 12.0}, {0.0, 12.0}, {1.0, 3.0}};
         for (const auto &[target, gain] : steps) {
-            apply({{"targetPositionDoubleSpinBox", target}, {"positionProportionalTermDoubleSpinBox", gain}});
-            require("a step", [this, to = target] { return qAbs(position().toDouble() - to) < 0.01; });
-            QTest::qWait(1500);
+            edit("vParamsEditSaveToolButton", [this, to = target, with = gain] {
+                m_desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->setValue(to);
+                m_desk.find<QDoubleSpinBox>("positionProportionalTermDoubleSpinBox")->setValue(with);
+            });
+            require("a step", [this, to = target] { return qAbs(position().toDouble() - to) < 0.02; });
+            QTest::qWait(SettleTime);
         }
         take(*dock, "plot");
     }
 
-    void apply(const QVector<std::pair<const char *, double>> &values) const
+    void edit(const char *button, const std::function<void()> &change) const
     {
-        m_desk.click("vParamsEditSaveToolButton");
-        for (const auto &[name, value] : values)
-            m_desk.find<QDoubleSpinBox>(name)->setValue(value);
-        auto *apply = m_desk.find<QToolButton>("vParamsEditSaveToolButton");
-        require("changes to apply", [apply] { return apply->isEnabled() && apply->isChecked(); });
-        m_desk.click("vParamsEditSaveToolButton");
+        const auto *text = m_desk.find<QToolButton>(button);
+        require("a group to edit", [text] { return text->isEnabled() && !text->isChecked(); });
+        m_desk.click(button);
+        change();
+        require("changes to apply", [text] { return text->isEnabled() && text->isChecked(); });
+        m_desk.click(button);
+        require("the changes in the servo",
+                [this] { return m_desk.find<QLabel>("linkEventLabel")->text().startsWith("applied"); });
     }
 
     QString position() const { return m_desk.text("actualPositionLineEdit"); }

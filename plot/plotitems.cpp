@@ -9,7 +9,6 @@ namespace plot {
 namespace {
 
 constexpr double DotSize = 4.0;
-constexpr int LongestText = 240; ///< pixels, of a line's text
 
 void drawDots(QPainter &painter, const QPen &pen, const QPolygonF &points)
 {
@@ -56,22 +55,12 @@ void CurveItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleM
 void VerticalLinesItem::draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &,
                              const QRectF &canvas) const
 {
-    constexpr int Margin = 3;
-    const QFontMetrics metrics = painter->fontMetrics();
-    double textEnd = canvas.left();
     for (const VerticalLine &line : m_lines) {
         const double x = xMap.transform(line.seconds);
         if (x < canvas.left() || x > canvas.right())
             continue;
         painter->setPen(line.pen);
         painter->drawLine(QPointF(x, canvas.top()), QPointF(x, canvas.bottom()));
-        if (line.text.isEmpty() || x < textEnd)
-            continue;
-        const QString text = metrics.elidedText(line.text, Qt::ElideRight, LongestText);
-        const QPointF place(x + Margin, canvas.top() + metrics.ascent() + Margin);
-        painter->setPen(line.pen.color());
-        painter->drawText(place, text);
-        textEnd = place.x() + metrics.horizontalAdvance(text) + Margin;
     }
 }
 

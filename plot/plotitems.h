@@ -30,7 +30,7 @@ struct VerticalLine
 {
     double seconds;
     QPen pen;
-    QString text; ///< empty where another strip has it
+    QString text; ///< empty for a cursor
 };
 
 /** Vertical lines through a strip. */

@@ -122,6 +122,11 @@ Strip::Strip(StripCurves curves, const model::Family &family, QWidget *parent)
 
 Strip::~Strip() = default;
 
+QRect Strip::canvasPlace() const
+{
+    return QRect(m_plot->canvas()->mapTo(this, QPoint()), m_plot->canvas()->size());
+}
+
 void Strip::setTimeScaleVisible(bool isVisible)
 {
     m_plot->enableAxis(QwtPlot::xBottom, isVisible);

@@ -54,6 +54,9 @@ public:
     void setTimeScaleVisible(bool isVisible);
     void showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines);
 
+    /** Where the curves are, in the strip. */
+    QRect canvasPlace() const;
+
     /** The value of @p curve nearest to @p seconds, as it was sampled. */
     static std::optional<double> valueAt(const PlotSource &source, const Curve &curve, double seconds);
 

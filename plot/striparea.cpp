@@ -1,5 +1,6 @@
 #include "plot/striparea.h"
 
+#include "plot/markrow.h"
 #include "plot/rangedialog.h"
 
 #include <QApplication>
@@ -42,7 +43,7 @@ QString flagLabel(const model::Family &family, const QString &key)
 
 } // namespace
 
-StripArea::StripArea(QWidget *parent) : QWidget(parent), m_layout(new QVBoxLayout(this))
+StripArea::StripArea(QWidget *parent) : QWidget(parent), m_marks(new MarkRow(this)), m_layout(new QVBoxLayout(this))
 {
     setObjectName(QStringLiteral("plotStrips"));
     setAccessibleName(tr("Curves"));
@@ -50,6 +51,7 @@ StripArea::StripArea(QWidget *parent) : QWidget(parent), m_layout(new QVBoxLayou
     setAutoFillBackground(true);
     m_layout->setContentsMargins(0, 0, 4, 0);
     m_layout->setSpacing(0);
+    m_layout->addWidget(m_marks);
 }
 
 StripArea::~StripArea() = default;
@@ -101,12 +103,24 @@ void StripArea::refresh()
     if (!m_source.isEmpty())
         m_window.setNewest(m_source.seconds(m_source.samples->timeOf(m_source.samples->end() - 1)));
     const View view{m_source, m_window, cursor(), m_reference};
-    std::vector<VerticalLine> lines = markLines();
-    for (Strip *strip : m_strips) {
+    const std::vector<VerticalLine> lines = markLines();
+    for (Strip *strip : m_strips)
         strip->showView(view, m_faint, lines);
-        for (VerticalLine &line : lines)
-            line.text.clear(); // the strip at the top has them
+    showMarkTexts(lines);
+}
+
+void StripArea::showMarkTexts(const std::vector<VerticalLine> &lines)
+{
+    std::vector<MarkRow::Mark> marks;
+    if (!m_strips.empty()) {
+        const Strip &strip = *m_strips.front();
+        const int left = strip.x() + strip.canvasPlace().x();
+        const double pixelsPerSecond = strip.canvasPlace().width() / m_window.span();
+        for (const VerticalLine &line : lines)
+            marks.push_back(
+                {left + qRound((line.seconds - m_window.begin()) * pixelsPerSecond), line.pen.color(), line.text});
     }
+    m_marks->setMarks(std::move(marks));
 }
 
 void StripArea::changed()
@@ -288,6 +302,10 @@ std::vector<VerticalLine> StripArea::markLines() const
         pen.setCosmetic(true);
         lines.push_back({seconds, pen, text});
     }
+    const auto isEarlier = [](const VerticalLine &one, const VerticalLine &other) {
+        return one.seconds < other.seconds;
+    };
+    std::sort(lines.begin(), lines.end(), isEarlier);
     return lines;
 }
 

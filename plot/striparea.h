@@ -15,6 +15,8 @@ class QVBoxLayout;
 
 namespace plot {
 
+class MarkRow;
+
 /** The strips below one another, what is seen of time in them, and the cursors through all of them. */
 class StripArea : public QWidget
 {
@@ -71,6 +73,7 @@ private:
     std::optional<double> sampleAt(double seconds) const;
     std::vector<VerticalLine> markLines() const;
     QString textOf(const recording::Mark &mark) const;
+    void showMarkTexts(const std::vector<VerticalLine> &lines);
     Strip *stripAt(const QPoint &place) const;
     void changed();
 
@@ -78,6 +81,7 @@ private:
     const model::Family *m_family = nullptr;
     TimeWindow m_window;
     std::vector<Strip *> m_strips; ///< children, from the top
+    MarkRow *m_marks;
     QVBoxLayout *m_layout;
     std::optional<double> m_pointer;   ///< where the cursor is, as a part of the window
     std::optional<double> m_reference; ///< seconds

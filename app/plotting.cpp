@@ -32,6 +32,7 @@ const QString ShownKey = QStringLiteral("shown");
 const QString FolderKey = QStringLiteral("folder");
 const QString RecordAllKey = QStringLiteral("recordAllFields");
 
+constexpr int TabsWidth = 1192;     ///< pixels, in which the tabs show all that they have
 constexpr int LeastDockWidth = 420; ///< pixels, below which the pane is better off in a window of its own
 constexpr QSize FloatingSize(900, 640);
 constexpr std::chrono::seconds TellInterval{1};
@@ -172,7 +173,7 @@ void Plotting::makeDock()
 void Plotting::placeDock()
 {
     m_window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
-    const int room = m_window.width() - m_window.centralWidget()->minimumSizeHint().width();
+    const int room = m_window.width() - TabsWidth;
     if (m_window.isVisible() && room >= LeastDockWidth) {
         m_window.resizeDocks({m_dock}, {room}, Qt::Horizontal);
         return;

@@ -48,8 +48,8 @@ struct CsvFormat
  * the offset from UTC, and seconds from the origin. Numbers have a point whatever the locale, and twelve significant
  * digits: Column::rawAt() finds the very registers again. An empty place is a value that is not known. Text is UTF-8.
  *
- * Each line is handed to the device as one write. Each function that writes returns an empty text, or the device's
- * reason why the line could not be written as a whole.
+ * Each line is handed to the device as one write, unless it takes only a part. Each function that writes returns an
+ * empty text, or the device's reason why the line could not be written as a whole.
  */
 class CsvWriter
 {

@@ -21,14 +21,15 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 
 LinkLine::LinkLine(QWidget *parent)
     : QWidget(parent), m_servo(new ElidedLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
-      m_quality(new ElidedLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this)),
-      m_help(new QToolButton(this))
+      m_quality(new ElidedLabel(this)), m_recording(new QLabel(this)), m_motor(new QLabel(this)),
+      m_stop(new QToolButton(this)), m_help(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
     m_servo->setObjectName(QStringLiteral("linkServoLabel"));
     m_fault->setObjectName(QStringLiteral("linkFaultLabel"));
     m_event->setObjectName(QStringLiteral("linkEventLabel"));
     m_quality->setObjectName(QStringLiteral("linkQualityLabel"));
+    m_recording->setObjectName(QStringLiteral("linkRecordingLabel"));
     m_motor->setObjectName(QStringLiteral("linkMotorLabel"));
     m_stop->setObjectName(QStringLiteral("stopMotorButton"));
     m_fault->setStyleSheet(QStringLiteral("color: #a00000; font-weight: bold;"));
@@ -36,7 +37,8 @@ LinkLine::LinkLine(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
     layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
-    for (QLabel *label : std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_motor}) {
+    for (QLabel *label :
+         std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_recording, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);
@@ -73,6 +75,11 @@ void LinkLine::showFault(const QString &text, const QString &tip)
 void LinkLine::tell(const QString &text, const QString &tip)
 {
     fill(*m_event, text, tip);
+}
+
+void LinkLine::showRecording(const QString &text, const QString &tip)
+{
+    fill(*m_recording, text.isEmpty() ? QString() : QStringLiteral("\u25CF ") + text, tip);
 }
 
 void LinkLine::showMotor(const QString &text)

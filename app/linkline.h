@@ -28,6 +28,8 @@ public:
     void tell(const QString &text, const QString &tip = {});
     /** @param text empty while the link is good. @param tip figures. */
     void showQuality(const QString &text, const QString &tip);
+    /** @param text of a recording that is running; empty without one. @param tip its file. */
+    void showRecording(const QString &text, const QString &tip);
     /** What is known of the motor, for example "motor on". */
     void showMotor(const QString &text);
 
@@ -43,6 +45,7 @@ private:
     ElidedLabel *m_fault;
     ElidedLabel *m_event;
     ElidedLabel *m_quality;
+    QLabel *m_recording;
     QLabel *m_motor;
     QToolButton *m_stop;
     QToolButton *m_help;

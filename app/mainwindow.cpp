@@ -5,6 +5,7 @@
 #include "app/linkline.h"
 #include "app/linkreporter.h"
 #include "app/motorcontrol.h"
+#include "app/plotting.h"
 #include "app/polltarget.h"
 #include "app/screenfit.h"
 #include "app/scrolleddialog.h"
@@ -146,6 +147,7 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
+    m_plotting.reset();
     m_motor.reset();
     m_reporter.reset();
     m_proof.reset();
@@ -161,6 +163,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_settings->setValue(GeometryKey, saveGeometry());
     m_settings->setValue(WindowStateKey, saveState());
+    m_plotting->store();
     QMainWindow::closeEvent(event);
 }
 
@@ -327,6 +330,7 @@ void MainWindow::fillMenus()
     QAction *toolBar = m_ui->toolBar->toggleViewAction();
     toolBar->setText(tr("&Tool bar"));
     view->addAction(toolBar);
+    m_plotting->addTo(*view);
     view->addSeparator();
     QAction *guide = view->addAction(tr("User &guide") + QLatin1String("\tF1"));
     guide->setObjectName(QStringLiteral("actionGuide"));
@@ -342,6 +346,7 @@ void MainWindow::addLinkLine()
     m_guide = std::make_unique<guide::GuideKey>(*this, guide::GuideWindow::installedFolder());
     connect(m_linkLine, &LinkLine::helpRequested, m_guide.get(), &guide::GuideKey::open);
     m_reporter = std::make_unique<LinkReporter>(*this, *m_ui->tabWidget, *m_connection, *m_proof, *m_linkLine);
+    m_plotting = std::make_unique<Plotting>(*this, *m_linkLine, *m_connection, *m_proof);
     const MotorControl::Port port{[this] {
                                       stopClosingPort();
                                       return openStoredPort();
@@ -370,12 +375,14 @@ void MainWindow::makeConnections()
     UiGroupHelper &groups = *ProcessWide<UiGroupHelper>::instance();
     connect(&groups, &UiGroupHelper::addQueueRequest, m_proof.get(), &session::ApplyProof::expect);
     groups.expectProofs();
+    connect(m_plotting.get(), &Plotting::gainsWanted, this, &MainWindow::writeGains);
     connect(m_motor.get(), &MotorControl::read, this, &MainWindow::onProofRead);
     connect(m_serialHelper.get(), &SerialHelper::connectionLost, this, &MainWindow::onConnectionLost);
 }
 
 void MainWindow::restoreWindow()
 {
+    m_plotting->restore();
     const bool isStored = restoreGeometry(m_settings->value(GeometryKey, QByteArray()).toByteArray());
     restoreState(m_settings->value(WindowStateKey, QByteArray()).toByteArray());
     if (isMaximized() || isFullScreen())
@@ -473,7 +480,20 @@ void MainWindow::undoLastApply()
         m_linkLine->tell(tr("not undone: the servo has other values by now"));
         return;
     }
-    const session::Block block = m_proof->undo();
+    write(m_proof->undo());
+}
+
+void MainWindow::writeGains(const std::vector<session::AppliedField> &gains)
+{
+    const bool isConnected = m_connection->state() == session::State::Connected;
+    if (isConnected && !gains.empty())
+        write(session::blockOf(*m_registerHelper->image(), gains));
+    else
+        m_linkLine->tell(tr("not written: no servo is connected"));
+}
+
+void MainWindow::write(const session::Block &block)
+{
     Q_EMIT ProcessWide<UiGroupHelper>::instance()->addQueueRequest(block.address, block.data);
     m_registerHelper->assumeWritten(block.address, block.data);
 }
@@ -510,6 +530,7 @@ void MainWindow::onConnectionLost(const QString &reason)
         return; // nobody uses it any more
     if (isConnected)
         on_actionDisconnect_triggered();
+    m_plotting->tellPortLost(reason);
     m_isPortReleased = true; // told here, and once is enough
     boxes::show(this, QMessageBox::Critical, tr("Error"), reason);
 }

@@ -3,10 +3,12 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <vector>
 
 class LinkLine;
 class LinkReporter;
 class MotorControl;
+class Plotting;
 class PollTarget;
 class QAction;
 class QLabel;
@@ -32,6 +34,8 @@ namespace session {
 class ApplyProof;
 class Connection;
 enum class State;
+struct AppliedField;
+struct Block;
 struct ServoAddress;
 } // namespace session
 
@@ -51,6 +55,9 @@ public:
 
     /** What the connected servo does and has; lives as long as the window. */
     const session::Connection &connection() const { return *m_connection; }
+
+    /** The plot pane and the recordings; lives as long as the window. */
+    Plotting &plotting() const { return *m_plotting; }
 
 protected:
     bool event(QEvent *event) override;
@@ -85,6 +92,8 @@ private:
     void onProofRead(const QByteArray &registers);
     void endPending();
     void undoLastApply();
+    void writeGains(const std::vector<session::AppliedField> &gains);
+    void write(const session::Block &block);
     void onStateChanged(session::State state, session::State before);
     void onAnswersBack();
     void onServoMoved();
@@ -115,6 +124,7 @@ private:
     std::unique_ptr<LinkReporter> m_reporter;
     std::unique_ptr<MotorControl> m_motor;
     std::unique_ptr<guide::GuideKey> m_guide;
+    std::unique_ptr<Plotting> m_plotting;
     QAction *m_undo = nullptr;    ///< a child
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user

@@ -4,6 +4,7 @@
 #include "bench/codecrow.h"
 #include "bench/guirows.h"
 #include "bench/linkrows.h"
+#include "bench/plotrows.h"
 #include "bench/processrows.h"
 #include "bench/scanrow.h"
 #include "bench/shellrows.h"
@@ -41,6 +42,8 @@ constexpr Measurement Measurements[] = {
     {"get",       shellGet           },
     {"monitor",   shellMonitor       },
     {"shellscan", shellScan          },
+    {"plot",      paintedPlot        },
+    {"live-plot", livePlot           },
     {"codec",     codecTime          },
 };
 // clang-format on

@@ -62,6 +62,11 @@ Figure shareFigure(const QString &tab, double share)
 
 } // namespace
 
+double unitFieldsShare(const DrivenServo &servo, int polls)
+{
+    return coreShare(servo, UnitFieldsTab, polls);
+}
+
 Figures startTime(const Rounds &rounds)
 {
     constexpr double MicrosecondsPerMillisecond = 1000.0;

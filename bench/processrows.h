@@ -12,3 +12,8 @@ Figures startInstructions(const Rounds &rounds);
  * afterwards against the bare twin and a program with an empty window.
  */
 Figures liveProgram(const Rounds &rounds);
+
+class DrivenServo;
+
+/** Share of one core, in percent, that the program uses while it polls @p servo and shows "Unit fields". */
+double unitFieldsShare(const DrivenServo &servo, int polls);

@@ -12,10 +12,11 @@ struct Rounds
     int livePolls;      ///< polls of a program that runs for itself
     int silentIds;      ///< ids of a scan
     int stops;          ///< of the motor, each way
+    int frames;         ///< of the plot
     int codecRounds;    ///< repetitions of the codec's work, each way
     bool scansAllRates; ///< whether a scan of all baud rates, half a minute, is among them
 };
 
-constexpr Rounds FullRounds{3000, 200, 10, 200, 400, 25, 1000, 253, 200, 400, true};
+constexpr Rounds FullRounds{3000, 200, 10, 200, 400, 25, 1000, 253, 200, 50, 400, true};
 /** Enough to see that everything works; the figures mean nothing. */
-constexpr Rounds QuickRounds{50, 5, 2, 20, 20, 2, 100, 10, 5, 20, false};
+constexpr Rounds QuickRounds{50, 5, 2, 20, 20, 2, 100, 10, 5, 3, 20, false};

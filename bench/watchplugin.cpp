@@ -53,6 +53,8 @@ private:
                 tabs->setCurrentIndex(tab);
                 if (qEnvironmentVariableIsSet("ZELVAR_BENCH_LARGE"))
                     window->resize(WindowSize);
+                if (auto *plot = window->findChild<QWidget *>(QStringLiteral("plotDock")))
+                    plot->resize(PlotSize);
             }
             if (auto *connectAction = window->findChild<QAction *>(QStringLiteral("actionConnect")))
                 connectAction->trigger();

@@ -49,11 +49,11 @@ CsvWriter::CsvWriter(QIODevice &device, std::vector<Column> columns, const TimeO
 
 QString CsvWriter::writeTitles()
 {
-    QByteArray line = QByteArray("time") + m_format.separator + "elapsed [s]";
+    QByteArray line = QByteArray(TimeTitle) + m_format.separator + ElapsedTitle;
     for (const Column &column : m_columns)
         line += m_format.separator + quoted(column.title());
     if (m_format.hasEvents)
-        line += m_format.separator + QByteArray("event");
+        line += m_format.separator + QByteArray(EventTitle);
     return write(std::move(line));
 }
 
@@ -96,7 +96,13 @@ QByteArray CsvWriter::quoted(const QByteArray &text) const
 QString CsvWriter::write(QByteArray line)
 {
     line += m_format.lineEnd;
-    return m_device.write(line) == line.size() ? QString() : m_device.errorString();
+    // A full disk takes a part first, and says why it takes no more when it is asked to.
+    for (qint64 written = 0; !line.isEmpty(); line.remove(0, int(written))) {
+        written = m_device.write(line);
+        if (written <= 0)
+            return m_device.errorString();
+    }
+    return {};
 }
 
 } // namespace recording

@@ -29,6 +29,11 @@ struct TimeOrigin
     QByteArray seconds(TimePoint when) const;
 };
 
+// The titles of the columns that every recording has; the last one only with events.
+inline constexpr const char *TimeTitle = "time";
+inline constexpr const char *ElapsedTitle = "elapsed [s]";
+inline constexpr const char *EventTitle = "event";
+
 /** How a table of comma-separated values is written; as RFC 4180 has it unless told otherwise. */
 struct CsvFormat
 {
@@ -43,8 +48,8 @@ struct CsvFormat
  * the offset from UTC, and seconds from the origin. Numbers have a point whatever the locale, and twelve significant
  * digits: Column::rawAt() finds the very registers again. An empty place is a value that is not known. Text is UTF-8.
  *
- * Each line is handed to the device as one write. Each function that writes returns an empty text, or the device's
- * reason why the line could not be written as a whole.
+ * Each line is handed to the device as one write, unless it takes only a part. Each function that writes returns an
+ * empty text, or the device's reason why the line could not be written as a whole.
  */
 class CsvWriter
 {

@@ -46,6 +46,19 @@ std::vector<AppliedField> fieldsOf(const model::RegisterImage &before, quint8 ad
 
 } // namespace
 
+Block blockOf(const model::RegisterImage &image, const std::vector<AppliedField> &fields)
+{
+    Block block;
+    block.address = fields.front().field->address;
+    for (int address = block.address; address < fields.back().field->end(); ++address)
+        block.data.append(char(image.byte(address).value_or(0)));
+    for (const AppliedField &field : fields) {
+        auto *bytes = reinterpret_cast<quint8 *>(block.data.data()) + (field.field->address - block.address);
+        model::putLittleEndian(field.wanted, field.field->size, bytes);
+    }
+    return block;
+}
+
 ApplyProof::ApplyProof(Connection &connection, ServoBus &bus, std::shared_ptr<const model::RegisterImage> image,
                        Clock &clock)
     : m_connection(connection), m_bus(bus), m_clock(clock), m_image(std::move(image))
@@ -67,17 +80,10 @@ bool ApplyProof::canUndo() const
 
 Block ApplyProof::undo() const
 {
-    const std::vector<AppliedField> fields = undoable();
-    Block block;
-    block.address = fields.front().field->address;
-    // What lies between the fields stays as it is.
-    for (int address = block.address; address < fields.back().field->end(); ++address)
-        block.data.append(char(m_image->byte(address).value_or(0)));
-    for (const AppliedField &field : fields) {
-        auto *bytes = reinterpret_cast<quint8 *>(block.data.data()) + (field.field->address - block.address);
-        model::putLittleEndian(*field.before, field.field->size, bytes);
-    }
-    return block;
+    std::vector<AppliedField> fields = undoable();
+    for (AppliedField &field : fields)
+        field.wanted = *field.before;
+    return blockOf(*m_image, fields);
 }
 
 /** The fields of the last block that may be taken back: nothing switches a motor on but its user. */
@@ -116,8 +122,10 @@ void ApplyProof::onWriteSent(quint8 address, const QByteArray &data)
 {
     const auto isThis = [&](const Pending &pending) { return !pending.isSent && pending.isWrite(address, data); };
     const auto found = std::find_if(m_pending.begin(), m_pending.end(), isThis);
-    if (found != m_pending.end())
-        found->isSent = true;
+    if (found == m_pending.end())
+        return;
+    found->isSent = true;
+    found->report.sentAt = m_clock.now();
 }
 
 void ApplyProof::onWritten(const WriteOutcome &outcome)

@@ -20,6 +20,12 @@ struct Block
 };
 
 /**
+ * What gives the servo the bits that @p fields want, and leaves the registers between them as they are in @p image.
+ * REQUIRES: there are fields, by ascending address.
+ */
+Block blockOf(const model::RegisterImage &image, const std::vector<AppliedField> &fields);
+
+/**
  * Proves that applied blocks have taken: reads the servo as soon as a block was acknowledged or given up, holds the
  * block against what it has, and reports. GUI thread only.
  *

@@ -3,6 +3,7 @@
 #include "model/field.h"
 #include "serialport/busrequest.h"
 
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -30,9 +31,10 @@ struct ApplyReport
     };
 
     Verdict verdict = Verdict::Unknown;
-    std::vector<AppliedField> edited; ///< what the block was to change
-    std::vector<AppliedField> others; ///< what the servo has otherwise than the block said
-    BusResult write;                  ///< meaningless if the block was dropped
+    std::vector<AppliedField> edited;               ///< what the block was to change
+    std::vector<AppliedField> others;               ///< what the servo has otherwise than the block said
+    std::chrono::steady_clock::time_point sentAt{}; ///< when the block went out; meaningless if it was dropped
+    BusResult write;                                ///< meaningless if the block was dropped
 };
 
 } // namespace session

@@ -122,6 +122,8 @@ void Connection::onPollEnded(const BusResult &result)
     const bool isFirstFraming = !result.answer.raw.isEmpty() && result.answer.framing == wire::Framing::Protocol1;
     m_reportedAlarms = isFirstFraming ? result.answer.instruction & HardwareBits : 0;
     Q_EMIT qualityChanged();
+    if (result.outcome == BusResult::Outcome::NoAnswer)
+        Q_EMIT pollLost();
     if (result.outcome != BusResult::Outcome::Refused)
         return;
     m_alarm->start(m_patience); // it is there

@@ -88,6 +88,8 @@ Q_SIGNALS:
     void qualityChanged();
     /** A poll was answered: @p image has what it brought, and the controls show it. */
     void polled(const model::RegisterImage &image);
+    /** A poll was not answered, however often it was sent. */
+    void pollLost();
     /** A block that was applied is on its way. */
     void writeSent(quint8 address, const QByteArray &data);
     /** A write to the servo has ended, whoever made it; it may be over after the connection. */

@@ -161,8 +161,9 @@ bool reaches(int address, const QByteArray &data, int registerAddress)
 } // namespace
 
 Ax12Servo::Ax12Servo(quint8 id, quint8 baudCode)
-    : RegisterServo({wire::Framing::Protocol1, Id, BaudRate, ReturnDelay, Registered}, RegisterTable(Rows, TableSize),
-                    Motor)
+    : RegisterServo(
+          {wire::Framing::Protocol1, Id, BaudRate, ReturnDelay, Registered, TorqueEnable, GoalPosition, TorqueLimit},
+          RegisterTable(Rows, TableSize), Motor)
 {
     m_registers.setValue(Id, id);
     m_registers.setValue(BaudRate, baudCode);
@@ -187,6 +188,12 @@ bool Ax12Servo::answers(quint8 instruction) const
     };
     const qint32 level = m_registers.value(StatusReturnLevel);
     return instruction == wire::Ping || (level == PingAndRead && instruction == wire::Read) || level > PingAndRead;
+}
+
+void Ax12Servo::aimAt(double angle)
+{
+    m_registers.setValue(TorqueEnable, 1);
+    m_registers.setValue(GoalPosition, rounded(Centre + angle / RadiansPerStep, FullScale));
 }
 
 void Ax12Servo::followDrive(SimulationTime now)

@@ -13,6 +13,8 @@ namespace simulator {
 /** Time of the simulation, counted from the start of the bus. Never goes back. */
 using SimulationTime = std::chrono::microseconds;
 
+struct SelfMotion;
+
 /** Raw register values by the address of their first byte. */
 using RegisterValues = std::map<int, qint32>;
 
@@ -37,6 +39,9 @@ public:
     virtual void advance(SimulationTime now) = 0;
     /** Whether it moves, so that advance() should be called now and then although nobody asks. */
     virtual bool isActive() const = 0;
+
+    /** Lets it move by itself until a client writes a target or switches the motor, or it starts anew. */
+    virtual void moveBySelf(const SelfMotion &motion) = 0;
 
     /**
      * Carries out a checked @p request in its framing, sent to it or to all.

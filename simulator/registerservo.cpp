@@ -5,6 +5,8 @@ namespace simulator {
 namespace {
 
 constexpr int AcknowledgeMicroseconds = 2;
+/** So often a servo that moves by itself takes a new target. */
+constexpr SimulationTime SelfMotionStep = std::chrono::milliseconds(5);
 constexpr SimulationTime BootTime = std::chrono::milliseconds(200);
 
 } // namespace
@@ -46,9 +48,27 @@ std::chrono::microseconds RegisterServo::acknowledgeTime() const
 
 void RegisterServo::advance(SimulationTime now)
 {
+    followSelfMotion(now);
     m_now = now;
     m_drive.advance(now);
     followDrive(now);
+}
+
+void RegisterServo::followSelfMotion(SimulationTime now)
+{
+    for (; m_selfMotion && m_now + SelfMotionStep < now; m_now += SelfMotionStep) {
+        aimAt(m_selfMotion->angleAt(m_now));
+        applyRegisters();
+        m_drive.advance(m_now);
+    }
+}
+
+/** Whether a write tells the servo what to do, so that it does nothing else by itself. */
+bool RegisterServo::isCommand(int address, int size) const
+{
+    const int end = address + size;
+    const bool isSwitch = address <= m_layout.motorSwitch && end > m_layout.motorSwitch;
+    return isSwitch || (address < m_layout.targetsEnd && end > m_layout.firstTarget);
 }
 
 void RegisterServo::restoreNonVolatileRegisters(const RegisterValues &values)
@@ -119,6 +139,8 @@ RegisterServo::Answer RegisterServo::write(const QByteArray &parameters)
     putWrite(number(parameters, 0), parameters.mid(addressSize()));
     if (!isKept(before))
         return {Outcome::MemoryFailed, {}};
+    if (isCommand(number(parameters, 0), parameters.size() - addressSize()))
+        m_selfMotion.reset();
     if (!m_registers.value(m_layout.keptWrite))
         m_keptWrite.reset(); // a client may take the flag down
     applyRegisters();
@@ -179,6 +201,7 @@ RegisterServo::Answer RegisterServo::reboot(const QByteArray &)
 
 void RegisterServo::beginAnew()
 {
+    m_selfMotion.reset();
     m_keptWrite.reset();
     m_registers.setValue(m_layout.keptWrite, 0);
     restart();

@@ -2,6 +2,7 @@
 
 #include "simulator/isimulatedservo.h"
 #include "simulator/registertable.h"
+#include "simulator/selfmotion.h"
 #include "simulator/servodrive.h"
 
 #include <optional>
@@ -17,7 +18,8 @@ public:
     quint8 baudCode() const override;
     std::chrono::microseconds acknowledgeTime() const override;
     void advance(SimulationTime now) override;
-    bool isActive() const override { return !m_drive.isResting(); }
+    bool isActive() const override { return m_selfMotion || !m_drive.isResting(); }
+    void moveBySelf(const SelfMotion &motion) override { m_selfMotion = motion; }
     QByteArray execute(const wire::Packet &request) override;
     void setMemory(Memory memory) override { m_memory = std::move(memory); }
     RegisterValues nonVolatileRegisters() const override { return m_registers.nonVolatileValues(); }
@@ -35,6 +37,9 @@ protected:
         quint8 baudRate;
         quint8 acknowledgeTime; ///< in steps of 2 µs
         quint8 keptWrite;       ///< flag: a write waits for the action
+        quint8 motorSwitch;
+        quint8 firstTarget; ///< of the registers that say where to go
+        quint8 targetsEnd;
     };
 
     RegisterServo(const Layout &layout, const RegisterTable &registers, const MotorConstants &motor)
@@ -58,6 +63,8 @@ protected:
     virtual void restart() = 0;
     /** Lets the drive follow the registers. */
     virtual void applyRegisters() = 0;
+    /** Switches the motor on and sets the target @p angle, in radians from the middle, in the registers only. */
+    virtual void aimAt(double angle) = 0;
     /** Lets the registers follow the drive, at @p now. */
     virtual void followDrive(SimulationTime now) = 0;
 
@@ -82,6 +89,8 @@ private:
     Answer factoryReset(const QByteArray &parameters);
     Answer reboot(const QByteArray &parameters);
 
+    void followSelfMotion(SimulationTime now);
+    bool isCommand(int address, int size) const;
     int addressSize() const;
     int number(const QByteArray &parameters, int index) const;
     Outcome judge(const QByteArray &parameters) const;
@@ -91,6 +100,7 @@ private:
     const Layout m_layout;
     Memory m_memory;
     std::optional<QByteArray> m_keptWrite; ///< its parameters
+    std::optional<SelfMotion> m_selfMotion;
     SimulationTime m_now{0};
     SimulationTime m_silentUntil{0};
 };

@@ -32,6 +32,8 @@ Simulator::Simulator(const SimulatorOptions &options, QObject *parent)
 {
     m_motionTimer.setInterval(MotionInterval);
     connect(&m_motionTimer, &QTimer::timeout, this, &Simulator::keepMoving);
+    for (const SelfMotionChoice &choice : options.motions)
+        setInMotion(choice);
     connect(&m_replies, &ReplyQueue::send, &m_port, &PtyPort::write);
     connect(&m_port, &PtyPort::received, this, &Simulator::onReceived);
     connect(&m_port, &PtyPort::clientChanged, this, &Simulator::onClientChanged);
@@ -50,6 +52,16 @@ QString Simulator::start()
     if (error.isEmpty() && !m_options.link.isEmpty())
         error = m_publication.publishAt(m_options.link, m_port.devicePath());
     return error;
+}
+
+/** The servos are still where the options have them. */
+void Simulator::setInMotion(const SelfMotionChoice &choice)
+{
+    for (std::size_t i = 0; i < m_options.servos.size(); ++i) {
+        if (m_options.servos[i].id == choice.servoId)
+            m_bus.servos()[i]->moveBySelf(choice.motion);
+    }
+    m_motionTimer.start();
 }
 
 QString Simulator::claimName()

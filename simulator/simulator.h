@@ -47,6 +47,7 @@ private:
     QString openStateFile();
     bool keepState();
     void keepMoving();
+    void setInMotion(const SelfMotionChoice &choice);
 
     SimulatorOptions m_options;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();

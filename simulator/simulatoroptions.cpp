@@ -3,6 +3,8 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace simulator {
 
 namespace {
@@ -27,6 +29,10 @@ constexpr OptionText ServoOption{"servo",
     "A servo on the bus; repeatable. MODEL is zelvar or ax12, ID 0 to 253, BAUD 1000000 unless given. "
     "Without this option: zelvar:0, zelvar:3, zelvar:7:57600 and ax12:5.",
     "MODEL:ID[:BAUD]"};
+constexpr OptionText MotionOption{"motion",
+    "A servo that moves by itself until a client tells it what to do; repeatable. KIND is sine, step or sweep, ID that "
+    "of the servo, SECONDS how long one round takes.",
+    "KIND:ID[:SECONDS]"};
 constexpr OptionText NameOption{"name",
     "Name of the bus in the list of ports; zelvar-sim, or zelvar-sim-2 and so on when that is taken, "
     "unless given.",
@@ -162,6 +168,22 @@ QString readServos(const QCommandLineParser &parser, SimulatorOptions &options)
     return {};
 }
 
+QString readMotions(const QCommandLineParser &parser, SimulatorOptions &options)
+{
+    const QStringList texts = parser.values(nameOf(MotionOption));
+    for (const QString &text : texts) {
+        QString error;
+        const auto choice = SelfMotionChoice::fromText(text, &error);
+        if (!choice)
+            return error;
+        const auto isMeant = [&choice](const ServoChoice &servo) { return servo.id == choice->servoId; };
+        if (std::none_of(options.servos.begin(), options.servos.end(), isMeant))
+            return QStringLiteral("motion \"%1\": there is no servo %2").arg(text).arg(choice->servoId);
+        options.motions.push_back(*choice);
+    }
+    return {};
+}
+
 QString readFaults(const QCommandLineParser &parser, SimulatorOptions &options)
 {
     const QStringList texts = parser.values(nameOf(FaultOption));
@@ -215,7 +237,7 @@ QString readOptions(const QCommandLineParser &parser, SimulatorOptions &options)
     if (!unexpected.isEmpty())
         return QStringLiteral("unexpected argument \"%1\"").arg(unexpected.first());
     options.isPaced = parser.isSet(nameOf(PaceOption));
-    for (const auto read : {readServos, readName, readPaths, readSeed, readFaults}) {
+    for (const auto read : {readServos, readMotions, readName, readPaths, readSeed, readFaults}) {
         QString error = read(parser, options);
         if (!error.isEmpty())
             return error;
@@ -231,8 +253,8 @@ SimulatorCommandLine SimulatorCommandLine::parse(const QStringList &arguments)
     parser.setApplicationDescription(
         QStringLiteral("Simulates a bus of smart servos behind a serial port of its own, which the servo manager "
                        "lists by name."));
-    for (const OptionText &option : {ServoOption, NameOption, LinkOption, PaceOption, StateOption, SeedOption,
-                                     FaultOption, HelpOption, VersionOption})
+    for (const OptionText &option : {ServoOption, MotionOption, NameOption, LinkOption, PaceOption, StateOption,
+                                     SeedOption, FaultOption, HelpOption, VersionOption})
         parser.addOption(parserOption(option));
 
     SimulatorCommandLine result;

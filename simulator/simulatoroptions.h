@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/faultinjector.h"
+#include "simulator/selfmotion.h"
 #include "simulator/servochoice.h"
 
 #include <QString>
@@ -15,6 +16,7 @@ namespace simulator {
 struct SimulatorOptions
 {
     std::vector<ServoChoice> servos;
+    std::vector<SelfMotionChoice> motions;
     QString name;             ///< name of the bus in the port list
     bool isNameGiven = false; ///< whether the user insists on that name
     QString link;             ///< another place for a link to the bus; empty: none

@@ -81,7 +81,8 @@ qint32 rounded(double value, double greatest)
 } // namespace
 
 ZelvarServo::ZelvarServo(quint8 id, quint8 baudCode)
-    : RegisterServo({wire::Framing::Protocol2, Id, BaudRate, AcknowledgeTime, PendingShadowInstruction},
+    : RegisterServo({wire::Framing::Protocol2, Id, BaudRate, AcknowledgeTime, PendingShadowInstruction, ControlEnable,
+                     TargetPosition, ActualPosition},
                     RegisterTable(Rows, TableSize), Motor)
 {
     m_registers.setValue(Id, id);
@@ -102,6 +103,12 @@ QByteArray ZelvarServo::status(quint8 id, Outcome outcome, const QByteArray &par
 QByteArray ZelvarServo::identity() const
 {
     return m_registers.read(ModelNumber, FirmwareVersion + 1);
+}
+
+void ZelvarServo::aimAt(double angle)
+{
+    m_registers.setValue(ControlEnable, 1);
+    m_registers.setValue(TargetPosition, static_cast<qint32>(std::lround(angle / RadiansPerCount)));
 }
 
 void ZelvarServo::followDrive(SimulationTime)

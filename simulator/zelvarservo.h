@@ -20,6 +20,7 @@ protected:
     Outcome resetNonVolatile(const QByteArray &parameters) override;
     void restart() override;
     void applyRegisters() override;
+    void aimAt(double angle) override;
     void followDrive(SimulationTime now) override;
 
 private:

@@ -18,20 +18,6 @@ namespace {
 
 constexpr int MostLinks = 40; ///< as Linux follows
 
-bool reachDisk(int descriptor)
-{
-#ifdef Q_OS_WIN
-    return _commit(descriptor) == 0;
-#else
-    int result = 0;
-    do {
-        result = fsync(descriptor);
-    } while (result != 0 && errno == EINTR);
-    // Some file systems know no such thing, which is no sign of a loss.
-    return result == 0 || errno == EINVAL || errno == ENOSYS;
-#endif
-}
-
 } // namespace
 
 QString finalPath(const QString &path)
@@ -58,11 +44,25 @@ ReplaceResult replaceFile(const QString &path, const QByteArray &contents)
     // commit() would not notice that the last bytes found no room and would put an incomplete file in place.
     if (file.write(contents) != contents.size() || !file.flush())
         return {ReplaceError::CannotWrite, file.errorString()};
-    if (!reachDisk(file.handle()))
-        return {ReplaceError::CannotWrite, qt_error_string(errno)};
+    if (const int error = reachDisk(file.handle()))
+        return {ReplaceError::CannotWrite, qt_error_string(error)};
     if (!file.commit())
         return {ReplaceError::CannotRename, file.errorString()};
     return {};
+}
+
+int reachDisk(int descriptor)
+{
+#ifdef Q_OS_WIN
+    return _commit(descriptor) == 0 ? 0 : errno;
+#else
+    int result = 0;
+    do {
+        result = fsync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    // Some file systems know no such thing, which is no sign of a loss.
+    return result == 0 || errno == EINVAL || errno == ENOSYS ? 0 : errno;
+#endif
 }
 
 } // namespace storage

@@ -41,4 +41,10 @@ QString finalPath(const QString &path);
  */
 ReplaceResult replaceFile(const QString &path, const QByteArray &contents);
 
+/**
+ * Waits until all that was written to the open file @p descriptor is on the disk. May be called in any thread.
+ * @return 0, or the system's error number.
+ */
+int reachDisk(int descriptor);
+
 } // namespace storage

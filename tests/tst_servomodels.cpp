@@ -4,11 +4,14 @@
 #include "simulator/baudcode.h"
 #include "simulator/lineschedule.h"
 #include "simulator/replyqueue.h"
+#include "simulator/selfmotion.h"
 #include "simulator/simulatedbus.h"
 #include "simulator/zelvarregisters.h"
 #include "simulator/zelvarservo.h"
 #include "tests/support/simulatedanswer.h"
 #include "tests/support/testenvironment.h"
+
+#include <set>
 
 using namespace std::chrono_literals;
 using namespace simulator;
@@ -92,6 +95,33 @@ class TestServoModels : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void aServoMovesByItselfUntilItIsToldWhatToDo()
+    {
+        for (const char *text : {"sine:3", "step:3:2", "sweep:3:8.5"}) {
+            const InRow row(text);
+            QString error;
+            ZelvarBench bench;
+            bench.servo.moveBySelf(SelfMotionChoice::fromText(text, &error)->motion);
+            std::set<int> positions;
+            for (int i = 0; i < 80; ++i) {
+                bench.now += 100ms;
+                positions.insert(bench.value(Register::ActualPosition));
+            }
+            QVERIFY(positions.size() > 20 && *positions.begin() < -50 && *positions.rbegin() > 50);
+            bench.write({Register::VelocityGain, 900, 2}); // which is tuned while it moves
+            QVERIFY(bench.servo.isActive());
+            bench.write({Register::ControlEnable, 0, 1});
+            const int target = bench.value(Register::TargetPosition);
+            bench.now += 5s;
+            QCOMPARE(bench.value(Register::TargetPosition), target);
+            QVERIFY(!bench.servo.isActive());
+        }
+        for (const char *wrong : {"", "sine", "dance:3", "sine:254", "sine:3:0", "sine:3:x", "sine:3:4:5"}) {
+            QString error;
+            QVERIFY(!SelfMotionChoice::fromText(wrong, &error) && error.contains(wrong));
+        }
+    }
+
     void refusesWhatItMust()
     {
         ZelvarBench bench;

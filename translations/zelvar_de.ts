@@ -820,6 +820,10 @@
         <source>User &amp;guide</source>
         <translation>&amp;Benutzerhandbuch</translation>
     </message>
+    <message>
+        <source>not written: no servo is connected</source>
+        <translation>nicht geschrieben: Es ist kein Servo verbunden</translation>
+    </message>
 </context>
 <context>
     <name>MotorControl</name>
@@ -946,6 +950,69 @@
     <message>
         <source>not held: the servo still has %1</source>
         <translation>nicht gehalten: der Servo hat immer noch %1</translation>
+    </message>
+</context>
+<context>
+    <name>Plotting</name>
+    <message>
+        <source>&amp;Plot</source>
+        <translation>&amp;Kurven</translation>
+    </message>
+    <message>
+        <source>&amp;Record to a file…</source>
+        <translation>In eine &amp;Datei aufzeichnen …</translation>
+    </message>
+    <message>
+        <source>Record &amp;with the last ten minutes…</source>
+        <translation>&amp;Mit den letzten zehn Minuten aufzeichnen …</translation>
+    </message>
+    <message>
+        <source>Record all &amp;fields</source>
+        <translation>&amp;Alle Felder aufzeichnen</translation>
+    </message>
+    <message>
+        <source>All fields of the servo, or only those that the plot shows</source>
+        <translation>Alle Felder des Servos oder nur die, die bei den Kurven zu sehen sind</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>Save what is seen</source>
+        <translation>Speichern, was zu sehen ist</translation>
+    </message>
+    <message>
+        <source>Not saved</source>
+        <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Record to a file</source>
+        <translation>In eine Datei aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Not recorded</source>
+        <translation>Nicht aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>Recording stopped</source>
+        <translation>Aufzeichnung beendet</translation>
+    </message>
+    <message>
+        <source>The servo that is connected now has other fields.</source>
+        <translation>Der jetzt verbundene Servo hat andere Felder.</translation>
+    </message>
+    <message>
+        <source>recording %1 · %2 samples</source>
+        <translation>Aufzeichnung %1 · %2 Messwerte</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>Aufzeichnung öffnen</translation>
+    </message>
+    <message>
+        <source>Not opened</source>
+        <translation>Nicht geöffnet</translation>
     </message>
 </context>
 <context>
@@ -1629,6 +1696,284 @@
     <message>
         <source>This page of the user guide is missing: %1. Install the program anew.</source>
         <translation>Diese Seite des Benutzerhandbuchs fehlt: %1. Installieren Sie das Programm neu.</translation>
+    </message>
+</context>
+<context>
+    <name>plot::PlotPane</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Holds what is seen; samples are still kept</source>
+        <translation>Hält fest, was zu sehen ist; Messwerte werden weiter behalten</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>Live</translation>
+    </message>
+    <message>
+        <source>Back to the newest sample</source>
+        <translation>Zurück zum neuesten Messwert</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Felder</translation>
+    </message>
+    <message>
+        <source>Chooses what is shown</source>
+        <translation>Wählt aus, was zu sehen ist</translation>
+    </message>
+    <message>
+        <source>Close recording</source>
+        <translation>Aufzeichnung schließen</translation>
+    </message>
+    <message>
+        <source>Shows the connected servo again</source>
+        <translation>Zeigt wieder den verbundenen Servo</translation>
+    </message>
+    <message>
+        <source>Time span</source>
+        <translation>Zeitspanne</translation>
+    </message>
+    <message>
+        <source>Time span; the wheel zooms, and dragging goes back in time</source>
+        <translation>Zeitspanne; das Mausrad vergrößert, und Ziehen führt in der Zeit zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Never</source>
+        <translation>&amp;Nie</translation>
+    </message>
+    <message>
+        <source>At each &amp;Apply</source>
+        <translation>Bei jedem &amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>At a &amp;hardware error</source>
+        <translation>Bei einem &amp;Hardwarefehler</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Holds what is seen when something happens, with the time before it</source>
+        <translation>Hält fest, was zu sehen ist, wenn etwas geschieht, mit der Zeit davor</translation>
+    </message>
+    <message>
+        <source>Picture as &amp;PNG…</source>
+        <translation>Bild als &amp;PNG …</translation>
+    </message>
+    <message>
+        <source>Picture as &amp;SVG…</source>
+        <translation>Bild als &amp;SVG …</translation>
+    </message>
+    <message>
+        <source>Values as &amp;CSV…</source>
+        <translation>Werte als &amp;CSV …</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Saves what is seen, or opens a recording</source>
+        <translation>Speichert, was zu sehen ist, oder öffnet eine Aufzeichnung</translation>
+    </message>
+    <message>
+        <source>&amp;Open a recording…</source>
+        <translation>Aufzeichnung ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation>&amp;Zustand</translation>
+    </message>
+    <message>
+        <source>&amp;Volatile parameters</source>
+        <translation>&amp;Flüchtige Parameter</translation>
+    </message>
+    <message>
+        <source>&amp;Non-volatile parameters</source>
+        <translation>&amp;Nichtflüchtige Parameter</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>%1 schließen</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Kurven</translation>
+    </message>
+</context>
+<context>
+    <name>plot::RangeDialog</name>
+    <message>
+        <source>Fixed range</source>
+        <translation>Fester Bereich</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>&amp;Von:</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>&amp;Bis:</translation>
+    </message>
+</context>
+<context>
+    <name>plot::StepRow</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>The target that was applied</source>
+        <translation>Das Ziel, das angewendet wurde</translation>
+    </message>
+    <message>
+        <source>Rise</source>
+        <translation>Anstieg</translation>
+    </message>
+    <message>
+        <source>Rise time: from 10 % to 90 % of the way to the target</source>
+        <translation>Anstiegszeit: von 10 % bis 90 % des Wegs zum Ziel</translation>
+    </message>
+    <message>
+        <source>Overshoot</source>
+        <translation>Überschwingen</translation>
+    </message>
+    <message>
+        <source>How far the value went beyond the target, in percent of the way</source>
+        <translation>Wie weit der Wert über das Ziel hinausging, in Prozent des Wegs</translation>
+    </message>
+    <message>
+        <source>Settling</source>
+        <translation>Einschwingen</translation>
+    </message>
+    <message>
+        <source>Settling time: from the Apply until the value stays within 2 % of the way around the target</source>
+        <translation>Einschwingzeit: vom Anwenden an, bis der Wert bis auf 2 % des Wegs beim Ziel bleibt</translation>
+    </message>
+    <message>
+        <source>Off by</source>
+        <translation>Rest</translation>
+    </message>
+    <message>
+        <source>What was left to the target at the last sample, ten seconds after the Apply at most</source>
+        <translation>Was beim letzten Messwert, höchstens zehn Sekunden nach dem Anwenden, bis zum Ziel fehlte</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>Regelparameter</translation>
+    </message>
+    <message>
+        <source>The gains that differ between the two steps; all of them in the tips below. The step before is the grey curve, moved and scaled to this step</source>
+        <translation>Die Regelparameter, in denen sich die beiden Sprünge unterscheiden; alle stehen in den Tipps darunter. Der Sprung davor ist die graue Kurve, auf diesen Sprung verschoben und skaliert</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>&amp;Write these gains back</source>
+        <translation>Diese Regelparameter &amp;zurückschreiben</translation>
+    </message>
+    <message>
+        <source>This step</source>
+        <translation>Dieser Sprung</translation>
+    </message>
+    <message>
+        <source>Step before</source>
+        <translation>Sprung davor</translation>
+    </message>
+    <message>
+        <source>Gives the servo the gains again that it had at the step before</source>
+        <translation>Gibt dem Servo die Regelparameter wieder, die er beim Sprung davor hatte</translation>
+    </message>
+</context>
+<context>
+    <name>plot::Strip</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>plot::StripArea</name>
+    <message>
+        <source>Curves</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>at %1 s</source>
+        <translation>bei %1 s</translation>
+    </message>
+    <message>
+        <source>cursor</source>
+        <translation>Cursor</translation>
+    </message>
+    <message>
+        <source>reference</source>
+        <translation>Bezug</translation>
+    </message>
+    <message>
+        <source>difference</source>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>time [s]</source>
+        <translation>Zeit [s]</translation>
+    </message>
+    <message>
+        <source>not applied: %1</source>
+        <translation>nicht angewendet: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Copy values</source>
+        <translation>Werte &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>C&amp;lear the cursors</source>
+        <translation>Cursor &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic range</source>
+        <translation>&amp;Automatischer Bereich</translation>
+    </message>
+    <message>
+        <source>&amp;Fixed range…</source>
+        <translation>&amp;Fester Bereich …</translation>
+    </message>
+</context>
+<context>
+    <name>recording</name>
+    <message>
+        <source>This is no recording: its first line does not have the titles of one.</source>
+        <translation>Das ist keine Aufzeichnung: Die erste Zeile hat nicht deren Titel.</translation>
+    </message>
+    <message>
+        <source>Line %1 is not what a recording has.</source>
+        <translation>Zeile %1 ist nicht die einer Aufzeichnung.</translation>
+    </message>
+    <message>
+        <source>The titles name fields that no servo known here has.</source>
+        <translation>Die Titel nennen Felder, die kein hier bekannter Servo hat.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>Die Datei ist nicht mehr da.</translation>
     </message>
 </context>
 <context>

@@ -820,6 +820,10 @@
         <source>User &amp;guide</source>
         <translation>&amp;Guía del usuario</translation>
     </message>
+    <message>
+        <source>not written: no servo is connected</source>
+        <translation>no se ha escrito: no hay ningún servo conectado</translation>
+    </message>
 </context>
 <context>
     <name>MotorControl</name>
@@ -946,6 +950,69 @@
     <message>
         <source>not held: the servo still has %1</source>
         <translation>no se mantiene: el servo sigue teniendo %1</translation>
+    </message>
+</context>
+<context>
+    <name>Plotting</name>
+    <message>
+        <source>&amp;Plot</source>
+        <translation>&amp;Gráfica</translation>
+    </message>
+    <message>
+        <source>&amp;Record to a file…</source>
+        <translation>&amp;Grabar en un archivo…</translation>
+    </message>
+    <message>
+        <source>Record &amp;with the last ten minutes…</source>
+        <translation>Grabar &amp;con los últimos diez minutos…</translation>
+    </message>
+    <message>
+        <source>Record all &amp;fields</source>
+        <translation>Grabar &amp;todos los campos</translation>
+    </message>
+    <message>
+        <source>All fields of the servo, or only those that the plot shows</source>
+        <translation>Todos los campos del servo, o solo los que muestra la gráfica</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Gráfica</translation>
+    </message>
+    <message>
+        <source>Save what is seen</source>
+        <translation>Guardar lo que se ve</translation>
+    </message>
+    <message>
+        <source>Not saved</source>
+        <translation>No se ha guardado</translation>
+    </message>
+    <message>
+        <source>Record to a file</source>
+        <translation>Grabar en un archivo</translation>
+    </message>
+    <message>
+        <source>Not recorded</source>
+        <translation>No se ha grabado</translation>
+    </message>
+    <message>
+        <source>Recording stopped</source>
+        <translation>Grabación detenida</translation>
+    </message>
+    <message>
+        <source>The servo that is connected now has other fields.</source>
+        <translation>El servo conectado ahora tiene otros campos.</translation>
+    </message>
+    <message>
+        <source>recording %1 · %2 samples</source>
+        <translation>grabación %1 · %2 muestras</translation>
+    </message>
+    <message>
+        <source>Open a recording</source>
+        <translation>Abrir una grabación</translation>
+    </message>
+    <message>
+        <source>Not opened</source>
+        <translation>No se ha abierto</translation>
     </message>
 </context>
 <context>
@@ -1629,6 +1696,284 @@
     <message>
         <source>This page of the user guide is missing: %1. Install the program anew.</source>
         <translation>Falta esta página de la guía del usuario: %1. Vuelva a instalar el programa.</translation>
+    </message>
+</context>
+<context>
+    <name>plot::PlotPane</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Holds what is seen; samples are still kept</source>
+        <translation>Detiene lo que se ve; las muestras se siguen guardando</translation>
+    </message>
+    <message>
+        <source>Live</source>
+        <translation>En vivo</translation>
+    </message>
+    <message>
+        <source>Back to the newest sample</source>
+        <translation>Volver a la muestra más reciente</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Campos</translation>
+    </message>
+    <message>
+        <source>Chooses what is shown</source>
+        <translation>Elige lo que se muestra</translation>
+    </message>
+    <message>
+        <source>Close recording</source>
+        <translation>Cerrar la grabación</translation>
+    </message>
+    <message>
+        <source>Shows the connected servo again</source>
+        <translation>Vuelve a mostrar el servo conectado</translation>
+    </message>
+    <message>
+        <source>Time span</source>
+        <translation>Intervalo de tiempo</translation>
+    </message>
+    <message>
+        <source>Time span; the wheel zooms, and dragging goes back in time</source>
+        <translation>Intervalo de tiempo; la rueda amplía, y arrastrar retrocede en el tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;Never</source>
+        <translation>&amp;Nunca</translation>
+    </message>
+    <message>
+        <source>At each &amp;Apply</source>
+        <translation>En cada &amp;aplicación</translation>
+    </message>
+    <message>
+        <source>At a &amp;hardware error</source>
+        <translation>Con un error de &amp;hardware</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Detener</translation>
+    </message>
+    <message>
+        <source>Holds what is seen when something happens, with the time before it</source>
+        <translation>Detiene lo que se ve cuando ocurre algo, con el tiempo anterior</translation>
+    </message>
+    <message>
+        <source>Picture as &amp;PNG…</source>
+        <translation>Imagen como &amp;PNG…</translation>
+    </message>
+    <message>
+        <source>Picture as &amp;SVG…</source>
+        <translation>Imagen como &amp;SVG…</translation>
+    </message>
+    <message>
+        <source>Values as &amp;CSV…</source>
+        <translation>Valores como &amp;CSV…</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Saves what is seen, or opens a recording</source>
+        <translation>Guarda lo que se ve o abre una grabación</translation>
+    </message>
+    <message>
+        <source>&amp;Open a recording…</source>
+        <translation>&amp;Abrir una grabación…</translation>
+    </message>
+    <message>
+        <source>&amp;State</source>
+        <translation>&amp;Estado</translation>
+    </message>
+    <message>
+        <source>&amp;Volatile parameters</source>
+        <translation>Parámetros &amp;volátiles</translation>
+    </message>
+    <message>
+        <source>&amp;Non-volatile parameters</source>
+        <translation>Parámetros &amp;no volátiles</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>Cerrar %1</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Gráfica</translation>
+    </message>
+</context>
+<context>
+    <name>plot::RangeDialog</name>
+    <message>
+        <source>Fixed range</source>
+        <translation>Intervalo fijo</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <translation>&amp;Desde:</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <translation>&amp;Hasta:</translation>
+    </message>
+</context>
+<context>
+    <name>plot::StepRow</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Objetivo</translation>
+    </message>
+    <message>
+        <source>The target that was applied</source>
+        <translation>El objetivo que se aplicó</translation>
+    </message>
+    <message>
+        <source>Rise</source>
+        <translation>Subida</translation>
+    </message>
+    <message>
+        <source>Rise time: from 10 % to 90 % of the way to the target</source>
+        <translation>Tiempo de subida: del 10 % al 90 % del camino al objetivo</translation>
+    </message>
+    <message>
+        <source>Overshoot</source>
+        <translation>Sobreimpulso</translation>
+    </message>
+    <message>
+        <source>How far the value went beyond the target, in percent of the way</source>
+        <translation>Cuánto pasó el valor del objetivo, en tanto por ciento del camino</translation>
+    </message>
+    <message>
+        <source>Settling</source>
+        <translation>Asentamiento</translation>
+    </message>
+    <message>
+        <source>Settling time: from the Apply until the value stays within 2 % of the way around the target</source>
+        <translation>Tiempo de asentamiento: desde la aplicación hasta que el valor se queda a menos del 2 % del camino del objetivo</translation>
+    </message>
+    <message>
+        <source>Off by</source>
+        <translation>Resto</translation>
+    </message>
+    <message>
+        <source>What was left to the target at the last sample, ten seconds after the Apply at most</source>
+        <translation>Lo que faltaba hasta el objetivo en la última muestra, diez segundos después de la aplicación como mucho</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>Ganancias</translation>
+    </message>
+    <message>
+        <source>The gains that differ between the two steps; all of them in the tips below. The step before is the grey curve, moved and scaled to this step</source>
+        <translation>Las ganancias en que difieren los dos escalones; todas están en las sugerencias de abajo. El escalón anterior es la curva gris, desplazada y escalada a este escalón</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>&amp;Write these gains back</source>
+        <translation>&amp;Volver a escribir estas ganancias</translation>
+    </message>
+    <message>
+        <source>This step</source>
+        <translation>Este escalón</translation>
+    </message>
+    <message>
+        <source>Step before</source>
+        <translation>Escalón anterior</translation>
+    </message>
+    <message>
+        <source>Gives the servo the gains again that it had at the step before</source>
+        <translation>Devuelve al servo las ganancias que tenía en el escalón anterior</translation>
+    </message>
+</context>
+<context>
+    <name>plot::Strip</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>plot::StripArea</name>
+    <message>
+        <source>Curves</source>
+        <translation>Curvas</translation>
+    </message>
+    <message>
+        <source>at %1 s</source>
+        <translation>en %1 s</translation>
+    </message>
+    <message>
+        <source>cursor</source>
+        <translation>cursor</translation>
+    </message>
+    <message>
+        <source>reference</source>
+        <translation>referencia</translation>
+    </message>
+    <message>
+        <source>difference</source>
+        <translation>diferencia</translation>
+    </message>
+    <message>
+        <source>time [s]</source>
+        <translation>tiempo [s]</translation>
+    </message>
+    <message>
+        <source>not applied: %1</source>
+        <translation>no aplicado: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Copy values</source>
+        <translation>&amp;Copiar los valores</translation>
+    </message>
+    <message>
+        <source>C&amp;lear the cursors</source>
+        <translation>&amp;Quitar los cursores</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic range</source>
+        <translation>Intervalo &amp;automático</translation>
+    </message>
+    <message>
+        <source>&amp;Fixed range…</source>
+        <translation>Intervalo &amp;fijo…</translation>
+    </message>
+</context>
+<context>
+    <name>recording</name>
+    <message>
+        <source>This is no recording: its first line does not have the titles of one.</source>
+        <translation>No es una grabación: la primera línea no tiene los títulos de una.</translation>
+    </message>
+    <message>
+        <source>Line %1 is not what a recording has.</source>
+        <translation>La línea %1 no es de una grabación.</translation>
+    </message>
+    <message>
+        <source>The titles name fields that no servo known here has.</source>
+        <translation>Los títulos nombran campos que no tiene ningún servo conocido aquí.</translation>
+    </message>
+    <message>
+        <source>The file is not there any more.</source>
+        <translation>El archivo ya no está.</translation>
     </message>
 </context>
 <context>

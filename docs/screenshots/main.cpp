@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QFont>
 #include <QPixmap>
@@ -20,17 +21,21 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
 namespace {
 
 constexpr int ServoId = 3;
-constexpr int PollingInterval = 100;    // ms
+constexpr int PollingInterval = 20;     // ms
 constexpr QSize WindowSize(1192, 1000); // all of the parameters
-constexpr double Target = 2.5;          // rad
-constexpr double OnTheWay = 0.5;        // rad
-constexpr int Patience = 20000;         // ms
+constexpr QSize PlotSize(1000, 720);
+constexpr int SpanIndex = 2;     // ten seconds
+constexpr int SettleTime = 1200; // ms, in which the curves get their ends
+constexpr double Target = 2.5;   // rad
+constexpr double OnTheWay = 0.5; // rad
+constexpr int Patience = 20000;  // ms
 
 enum Tab {
     UnitFields,
@@ -72,6 +77,7 @@ public:
         takeEditing();
         takeMovement();
         takeRegisters();
+        takeSteps();
         m_desk.trigger("actionDisconnect");
     }
 
@@ -128,6 +134,44 @@ private:
         require("register values", [this] { return !m_desk.cell("eepromRegisterBank1Widget", 0).isEmpty(); });
         take(*m_desk.window, "register-fields");
         m_desk.showTab(UnitFields);
+    }
+
+    /** Two steps with different gains, in the plot. */
+    void takeSteps() const
+    {
+        // Without a trajectory, so that the gains alone say how the servo follows.
+        edit("vParamsEditSaveToolButton", [this] { m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(false); });
+        edit("nvParamsEditSaveToolButton", [this] { m_desk.find<QComboBox>("inputModeComboBox")->setCurrentIndex(1); });
+        edit("vParamsEditSaveToolButton", [this] { m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(true); });
+        m_desk.trigger("actionPlot");
+        auto *dock = m_desk.find<QDockWidget>("plotDock");
+        dock->setFloating(true);
+        dock->resize(PlotSize);
+        auto *spans = m_desk.find<QComboBox>("plotSpanComboBox");
+        spans->setCurrentIndex(SpanIndex);
+        Q_EMIT spans->activated(SpanIndex);
+        const std::pair<double, double> steps[] = {{0.0, 12.0}, {1.0, 12.0}, {0.0, 12.0}, {1.0, 3.0}};
+        for (const auto &[target, gain] : steps) {
+            edit("vParamsEditSaveToolButton", [this, to = target, with = gain] {
+                m_desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->setValue(to);
+                m_desk.find<QDoubleSpinBox>("positionProportionalTermDoubleSpinBox")->setValue(with);
+            });
+            require("a step", [this, to = target] { return qAbs(position().toDouble() - to) < 0.02; });
+            QTest::qWait(SettleTime);
+        }
+        take(*dock, "plot");
+    }
+
+    void edit(const char *button, const std::function<void()> &change) const
+    {
+        const auto *text = m_desk.find<QToolButton>(button);
+        require("a group to edit", [text] { return text->isEnabled() && !text->isChecked(); });
+        m_desk.click(button);
+        change();
+        require("changes to apply", [text] { return text->isEnabled() && text->isChecked(); });
+        m_desk.click(button);
+        require("the changes in the servo",
+                [this] { return m_desk.find<QLabel>("linkEventLabel")->text().startsWith("applied"); });
     }
 
     QString position() const { return m_desk.text("actualPositionLineEdit"); }

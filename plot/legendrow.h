@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QPen>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+namespace plot {
+
+/** A curve in the legend. */
+struct LegendEntry
+{
+    QPen pen;
+    QString name;  ///< with the unit, if it has one
+    QString value; ///< what it is now, or at the cursor; may be empty
+};
+
+/** The curves of a strip with their values, in one line above it whose places do not move while values change. */
+class LegendRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LegendRow(QWidget *parent = nullptr);
+
+    void setEntries(std::vector<LegendEntry> entries);
+    /** What stands before the curves' names begins here, so that it is above the canvas. */
+    void setIndent(int pixels);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    std::vector<LegendEntry> m_entries;
+    int m_indent = 0;
+};
+
+} // namespace plot

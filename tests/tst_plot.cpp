@@ -1,0 +1,128 @@
+// The plot pane: its arithmetic, and what a user does with it on a simulated servo.
+
+#include "app/plotting.h"
+#include "model/families.h"
+#include "plot/curves.h"
+#include "plot/plotpane.h"
+#include "plot/timewindow.h"
+#include "plot/valuerange.h"
+#include "tests/support/desk.h"
+
+using namespace plot;
+
+namespace {
+
+QStringList linesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString(file.readAll()).split("\r\n") : QStringList();
+}
+
+} // namespace
+
+class TestPlot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QSettings("Ostravel", "Zelvar Servo Manager").clear(); }
+
+    void theWindowFollowsOrIsHeld()
+    {
+        TimeWindow window;
+        window.setSpan(10);
+        window.setNewest(100);
+        window.zoom(2, 95);
+        QVERIFY(window.isLive() && window.begin() == 80 && window.end() == 100);
+        window.pan(-30);
+        window.setNewest(150);
+        QVERIFY(!window.isLive() && window.end() == 70);
+        window.zoom(0.5, 60);
+        QVERIFY(window.begin() == 55 && window.end() == 65); // the anchor stays in the middle
+        window.pan(84);
+        QVERIFY(!window.isLive());
+        window.pan(1);
+        QVERIFY(window.isLive() && window.end() == 150);
+        for (const double factor : {1e-9, 1e9})
+            window.zoom(factor, 0);
+        QCOMPARE(window.span(), TimeWindow::GreatestSpan);
+    }
+
+    void aRangeDoesNotJitter()
+    {
+        ValueRange range;
+        range.follow({0.0, 1.0}, 0.1);
+        const auto ends = [&range] { return std::pair(range.lower(), range.upper()); };
+        const auto first = ends();
+        QVERIFY(first.first <= 0 && first.first > -0.3 && first.second >= 1 && first.second < 1.3);
+        for (const double greatest : {1.03, 0.9, 0.5, 1.0}) {
+            range.follow({0.0, greatest}, 0.1);
+            QCOMPARE(ends(), first);
+        }
+        range.follow({0.0, 5.0}, 0.1);
+        QVERIFY(range.upper() >= 5);
+        range.follow({4.0, 4.0}, 0.1); // the noise of a value at rest does not fill the strip
+        QVERIFY(range.lower() < 4 && range.upper() > 4 && range.upper() - range.lower() >= 0.1);
+        range.fix(-1, 1);
+        range.follow({0.0, 5.0}, 0.1);
+        QCOMPARE(ends(), std::pair(-1.0, 1.0));
+    }
+
+    void curvesOfOneQuantityShareAStrip()
+    {
+        const model::Family &family = model::ZelvarV1Family;
+        const auto strips =
+            stripsOf(family, defaultKeys(family) << "position_proportional_gain", [](model::FieldKind) { return 1; });
+        QStringList shown;
+        for (const StripCurves &strip : strips) {
+            QStringList names;
+            for (const Curve &curve : strip.curves)
+                names.append(curve.name(family) + (curve.pen.style() == Qt::DashLine ? "-" : ""));
+            shown.append(names.join('+'));
+        }
+        QCOMPARE(shown,
+                 QStringList({"Actual position+Target position-", "Actual angular velocity+Target angular velocity-",
+                              "Actual torque+Target torque-", "Actual phase current", "Actual voltage",
+                              "Actual temperature", "Position proportional gain-"}));
+        for (const model::Family *each : {&model::ZelvarV1Family, &model::DynamixelAx12Family}) {
+            for (const QString &key : defaultKeys(*each))
+                QVERIFY(each->field(QLatin1String(qPrintable(key))));
+        }
+    }
+
+    void aServoIsWatchedRecordedAndLookedAtAgain()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.csv");
+        Desk desk(3, {"--motion", "sine:3:2"});
+        QTRY_VERIFY(!desk.simulator.name().isEmpty());
+        QVERIFY(!desk.find<QDockWidget>("plotDock")); // until it is first shown
+        desk.trigger("actionPlot");
+        auto *pane = desk.find<PlotPane>("plotPane");
+        QVERIFY(pane && pane->isVisible());
+        desk.window->plotting().record(path);
+        QVERIFY(desk.connects());
+        QTRY_VERIFY(linesOf(path).size() > 50);
+        QVERIFY(desk.find<QLabel>("linkRecordingLabel")->text().contains("recording"));
+        desk.trigger("actionRecord"); // which ends it
+        QVERIFY(desk.find<QLabel>("linkRecordingLabel")->text().isEmpty());
+
+        const auto columns = pane->columns();
+        QCOMPARE(columns.size(), std::size_t(9));
+        const QList<QByteArray> csv = pane->contents(PlotPane::Format::Csv).split('\n');
+        QVERIFY(csv.size() > 20 && csv[0].startsWith("time,elapsed [s],actual_position [rad],target_position [rad],"));
+        QVERIFY(pane->contents(PlotPane::Format::Svg).contains("<svg"));
+        QVERIFY(QImage::fromData(pane->contents(PlotPane::Format::Png)).width() > 100);
+
+        desk.window->plotting().open(path);
+        const QList<QByteArray> again = pane->contents(PlotPane::Format::Csv).split('\n');
+        QVERIFY(again.size() > 40);
+        desk.trigger("actionPlotCloseRecording");
+        desk.trigger("actionPlot");
+        QVERIFY(!pane->isVisible());
+        QCOMPARE(desk.watcher.boxes, QStringList());
+    }
+};
+
+ZELVAR_TEST_MAIN(TestPlot)
+#include "tst_plot.moc"

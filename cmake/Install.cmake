@@ -24,7 +24,8 @@ if(UNIX)
     endforeach()
     # The man pages say where the guide is.
     set(zelvar_doc_dir ${CMAKE_INSTALL_DATADIR}/doc/zelvar-servo-manager)
-    install(FILES docs/user-guide.md docs/zelvar-servo.schema.json DESTINATION ${zelvar_doc_dir})
+    install(FILES docs/user-guide.md docs/zelvar-servo.schema.json docs/zservo.schema.json
+        DESTINATION ${zelvar_doc_dir})
     install(DIRECTORY docs/screenshots DESTINATION ${zelvar_doc_dir} FILES_MATCHING PATTERN "*.png")
 endif()
 

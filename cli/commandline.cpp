@@ -109,6 +109,12 @@ void addFileArgument(CLI::App &command, Texts &texts, int most)
         ->expected(1, most);
 }
 
+void addBackupOptions(CLI::App &command, Options &options, Texts &texts)
+{
+    addFileArgument(command, texts, 1);
+    command.add_flag("--replace", options.isReplacing, "Also where a file has something else");
+}
+
 void addOnlyOption(CLI::App &command, Texts &texts)
 {
     command.add_option("--only", texts.only, "These fields and no others, as \"*_limit\"")->type_name("FIELD");
@@ -139,7 +145,7 @@ void addCommands(CLI::App &app, Options &options, Texts &texts)
         else if (name == "monitor")
             addMonitorOptions(*command, texts);
         else if (name == "backup")
-            addFileArgument(*command, texts, 1);
+            addBackupOptions(*command, options, texts);
         else if (name == "restore")
             addRestoreOptions(*command, options, texts);
         else if (name == "diff") {

@@ -30,6 +30,7 @@ struct Options
     bool isTable = false;
     bool isDryRun = false;
 
+    bool isReplacing = false;
     QStringList only; ///< fields to restore or compare, with wildcards; empty for all
     bool withId = false;
     bool withHome = false;

@@ -23,10 +23,28 @@ namespace {
 constexpr int KeyWidth = 36;
 constexpr int ValueWidth = 18;
 
+/** Throws a Failure where @p path has something that @p kept would take the place of: other values, or no values at
+ * all.
+ */
+void checkReplacement(const QString &path, const Profile &kept)
+{
+    if (!QFileInfo::exists(path))
+        return;
+    const auto old = profile::readFile(path).profile;
+    if (old && old->model == kept.model && old->bytes == kept.bytes)
+        return;
+    throw Failure{ExitStatus::Usage,
+                  QStringLiteral("%1 has something else than the servo has now; choose another name, "
+                                 "or add --replace")
+                      .arg(path)};
+}
+
 ExitStatus backUp(Context &context, int id, const QString &place, QJsonObject &answer)
 {
     const Profile kept = profileOf(context, id);
     const QString path = QFileInfo(place).isDir() ? QDir(place).filePath(profile::proposedName(kept)) : place;
+    if (!context.options().isReplacing)
+        checkReplacement(path, kept);
     const auto result = profile::writeFile(path, kept);
     if (!result.isDone())
         throw Failure{ExitStatus::Usage, QStringLiteral("%1 cannot be written: %2").arg(path, result.text)};
@@ -112,8 +130,15 @@ Profile profileOf(Context &context, int id)
 
 void checkModels(const Profile &one, const QString &oneName, const Profile &other, const QString &otherName)
 {
-    if (one.model == other.model)
+    if (one.model == other.model) {
+        if (one.firmware && other.firmware && *one.firmware != *other.firmware)
+            Output::tell(QStringLiteral("%1 is of firmware %2, but %3 is of firmware %4")
+                             .arg(oneName)
+                             .arg(*one.firmware)
+                             .arg(otherName)
+                             .arg(*other.firmware));
         return;
+    }
     const auto described = [](const Profile &profile, const QString &name) {
         return QStringLiteral("%1 is of a %2, model %3")
             .arg(name, QLatin1String(profile.family().name), QString::number(profile.model));

@@ -10,7 +10,7 @@ profile::Profile loadProfile(const QString &path);
 /** What servo @p id has. Throws a Failure. */
 profile::Profile profileOf(Context &context, int id);
 
-/** Throws a Failure unless @p one and @p other, called so, are of one model. */
+/** Throws a Failure unless @p one and @p other, called so, are of one model; tells where their firmware differs. */
 void checkModels(const profile::Profile &one, const QString &oneName, const profile::Profile &other,
                  const QString &otherName);
 

@@ -162,6 +162,7 @@ private Q_SLOTS:
              "write c8 00 01 from register 24 on, as ff ff fd 00 01 08 00 03 18 00 c8 00 01 .*\n.*write dc 85 from register 84.*\n.*write 01 from register 48 on", ""},
             {"backup --id 1,2 own.zservo",                   2, "", "a file keeps one servo"},
             {"backup --id 1 nowhere/own.zservo",             2, "", "cannot be written: No such file"},
+            {"backup --id 1 slow.zservo",                    2, "", "slow.zservo has something else .* add --replace"},
             {"diff --id 1 slow.zservo",                      1, "\nacceleration_limit +24.000rad/s.2 +5.000rad/s.2\n.*compared 2, equal 0, different 2", ""},
             {"diff --id 1,2 slow.zservo",                    1, "\n2: acceleration_limit.*compared 1, equal 0, different 1", ""},
             {"diff slow.zservo slow.zservo",                 0, "compared 2, equal 2, different 0, missing 0", ""},
@@ -311,6 +312,28 @@ private Q_SLOTS:
             QVERIFY2(moved.status == 0 && moved.out.contains(counts), qPrintable(moved.out + moved.err));
         }
         QCOMPARE(servo("diff --id 5 five.zservo").status, 0);
+    }
+
+    /** Each write by itself may be the last one that arrives. */
+    void aRestoreThatIsCutOffIsFinishedByTheNextOne()
+    {
+        keepFile("three.zservo",
+                 R"({"operating_mode": {"raw": 1}, "torque_limit": {"raw": 9}, "input_mode": {"raw": 1}}})");
+        for (int replies = 0; replies <= 5; ++replies) {
+            const InRow row(QString::number(replies));
+            QTemporaryDir folder;
+            const QStringList servos{"--name", "bus", "--servo", "zelvar:1", "--state", folder.filePath("state")};
+            {
+                const SimulatorProcess cut(servos + QStringList{"--fault", QString("mute-after=%1").arg(replies)});
+                const Answer answer = servo("restore --id 1 --timeout 1ms three.zservo");
+                QCOMPARE(answer.out.contains("restored"), replies == 5);
+                QCOMPARE(answer.status, replies == 5 ? 0 : 3);
+            }
+            const SimulatorProcess whole(servos);
+            QCOMPARE(servo("restore --id 1 three.zservo").status, 0);
+            QCOMPARE(servo("get --raw --id 1 operating_mode torque_limit input_mode").out,
+                     QString("operating_mode=1\ntorque_limit=9\ninput_mode=1\n"));
+        }
     }
 
     void aServoThatMovesIsFollowed()

@@ -104,6 +104,7 @@ private:
     void switchMotorOff();
     void send(const std::vector<Block> &plan);
     bool sendBlock(const Block &block);
+    void note(const Block &block, const QString &reason);
     BusResult write(int address, const QByteArray &bytes);
     bool isMotorOn() const { return m_servo.image.raw(m_servo.family().motorSwitch()).value_or(0) != 0; }
     void readBack();
@@ -120,7 +121,7 @@ private:
     const QString m_name;
     Servo m_servo;
     Comparison m_comparison;                            ///< before anything was written
-    std::map<const model::Field *, QString> m_refusals; ///< what the servo has said to writes
+    std::map<const model::Field *, QString> m_refusals; ///< why the servo has not got them
 };
 
 ExitStatus Restoring::carryOut(QJsonObject &answer)
@@ -262,22 +263,30 @@ void Restoring::switchMotorOff()
 
 void Restoring::send(const std::vector<Block> &plan)
 {
+    bool goesOn = true;
     for (const Block &block : plan) {
         // A servo that has not taken everything stays where it is, so that the next run finds it.
         const bool isMove = profile::isAddress(*block.fields.front().field);
-        if ((isMove && !m_refusals.empty()) || !sendBlock(block))
-            return;
+        goesOn = goesOn && !(isMove && !m_refusals.empty());
+        if (goesOn)
+            goesOn = sendBlock(block);
+        else
+            note(block, QStringLiteral("left as it is, since not all before it was taken"));
     }
+}
+
+void Restoring::note(const Block &block, const QString &reason)
+{
+    for (const Pair &pair : block.fields)
+        m_refusals[pair.field] = reason;
 }
 
 /** @return whether to go on: not when nobody can tell whether the servo has the block, on which others may depend. */
 bool Restoring::sendBlock(const Block &block)
 {
     const BusResult result = write(block.address(), block.bytes());
-    if (result.outcome == Outcome::Refused) {
-        for (const Pair &pair : block.fields)
-            m_refusals[pair.field] = QStringLiteral("refused with %1").arg(BusClient::refusal(result));
-    }
+    if (result.outcome == Outcome::Refused)
+        note(block, QStringLiteral("refused with %1").arg(BusClient::refusal(result)));
     m_address = addressAfter(result.outcome == Outcome::Refused ? std::vector<Pair>() : block.fields);
     m_bus.open(m_address.baudRate);
     if (result.outcome != Outcome::NoAnswer)

@@ -276,10 +276,11 @@ private Q_SLOTS:
         QVERIFY2(answer.err.contains("moving_threshold=1.000rad/s not set, it has 0.020rad/s: refused with process"),
                  qPrintable(answer.err));
         QVERIFY(answer.err.contains("target_torque"));
-        const Answer restore = servo("restore --id 1 slow.zservo");
+        const Answer restore = servo("restore --id 1 slow.zservo --with-id");
         QCOMPARE(restore.status, 5);
-        QVERIFY2(restore.out.contains("not all is as in the file: compared 1, equal 0, written 0, refused 1") &&
-                     restore.err.contains("acceleration_limit=5.000rad/s^2 not set, it has 24.000rad/s^2: refused"),
+        QVERIFY2(restore.out.contains("not all is as in the file: compared 2, equal 0, written 0, refused 2") &&
+                     restore.err.contains("acceleration_limit=5.000rad/s^2 not set, it has 24.000rad/s^2: refused") &&
+                     restore.err.contains("id=2 not set, it has 1: left as it is"),
                  qPrintable(restore.out + restore.err));
     }
 

@@ -33,6 +33,7 @@ struct Texts
     std::string delimiter = ",";
     std::string outputFile;
     std::vector<std::string> words;
+    std::vector<std::string> only;
 };
 
 QString text(const std::string &bytes)
@@ -100,6 +101,35 @@ void addMonitorOptions(CLI::App &command, Texts &texts)
     command.add_option("-o,--output", texts.outputFile, "File for the samples")->type_name("FILE");
 }
 
+void addFileArgument(CLI::App &command, Texts &texts, int most)
+{
+    command.add_option("file", texts.words, "File of parameters, NAME.zservo")
+        ->type_name("FILE")
+        ->required()
+        ->expected(1, most);
+}
+
+void addBackupOptions(CLI::App &command, Options &options, Texts &texts)
+{
+    addFileArgument(command, texts, 1);
+    command.add_flag("--replace", options.isReplacing, "Also where a file has something else");
+}
+
+void addOnlyOption(CLI::App &command, Texts &texts)
+{
+    command.add_option("--only", texts.only, "These fields and no others, as \"*_limit\"")->type_name("FIELD");
+}
+
+void addRestoreOptions(CLI::App &command, Options &options, Texts &texts)
+{
+    addFileArgument(command, texts, 1);
+    addOnlyOption(command, texts);
+    command.add_flag("--dry-run", options.isDryRun, "Show what would be written, and write nothing");
+    command.add_flag("--with-id", options.withId, "Also id and baud rate");
+    command.add_flag("--with-home", options.withHome, "Also the home position offset");
+    command.add_flag("--motor-off", options.motorOff, "Switch the motor off first where it is on");
+}
+
 void addCommands(CLI::App &app, Options &options, Texts &texts)
 {
     for (const Command &row : Commands) {
@@ -114,6 +144,14 @@ void addCommands(CLI::App &app, Options &options, Texts &texts)
             addSetOptions(*command, options, texts);
         else if (name == "monitor")
             addMonitorOptions(*command, texts);
+        else if (name == "backup")
+            addBackupOptions(*command, options, texts);
+        else if (name == "restore")
+            addRestoreOptions(*command, options, texts);
+        else if (name == "diff") {
+            addFileArgument(*command, texts, 2);
+            addOnlyOption(*command, texts);
+        }
     }
 }
 
@@ -130,6 +168,8 @@ void take(const Texts &texts, Options &options)
 {
     for (const std::string &word : texts.words)
         options.words.append(text(word));
+    for (const std::string &field : texts.only)
+        options.only.append(text(field));
     options.port = text(texts.port);
     if (texts.baudRate > 0)
         options.baudRate = texts.baudRate;

@@ -4,13 +4,14 @@
 
 namespace cli {
 
-/** What the program ends with; several servos make the highest. 1 is kept for a comparison that finds differences. */
+/** What the program ends with; several servos make the highest. */
 enum class ExitStatus {
-    Done = 0,     ///< done and proved
-    Usage = 2,    ///< the command line asks for what cannot be; nothing was sent that changes a servo
-    NoAnswer = 3, ///< somebody who was asked does not answer
-    Port = 4,     ///< the port could not be opened, or was lost
-    Refused = 5,  ///< a servo refused something or did not keep it
+    Done = 0,      ///< done and proved
+    Different = 1, ///< a comparison has found differences
+    Usage = 2,     ///< the command line asks for what cannot be; nothing was sent that changes a servo
+    NoAnswer = 3,  ///< somebody who was asked does not answer
+    Port = 4,      ///< the port could not be opened, or was lost
+    Refused = 5,   ///< a servo refused something or did not keep it
 };
 
 inline ExitStatus worse(ExitStatus one, ExitStatus other)

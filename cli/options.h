@@ -15,7 +15,7 @@ namespace cli {
 struct Options
 {
     QString command;
-    QStringList words; ///< fields or assignments, as given
+    QStringList words; ///< fields, assignments or files, as given
 
     QString port; ///< empty when not given
     std::optional<int> baudRate;
@@ -29,6 +29,12 @@ struct Options
     bool isRaw = false;
     bool isTable = false;
     bool isDryRun = false;
+
+    bool isReplacing = false;
+    QStringList only; ///< fields to restore or compare, with wildcards; empty for all
+    bool withId = false;
+    bool withHome = false;
+    bool motorOff = false;
 
     std::vector<int> scannedIds;
     std::vector<int> scannedBaudRates; ///< empty: the port's

@@ -3,6 +3,7 @@
 #include "cli/failure.h"
 #include "model/baudrates.h"
 #include "model/choices.h"
+#include "model/fieldvalue.h"
 #include "model/units.h"
 
 #include <QJsonArray>
@@ -69,14 +70,6 @@ QStringList baudRateNames()
     return names;
 }
 
-/** The nominal rate of a code, also of one that no list offers. */
-int baudRateOf(qint32 code)
-{
-    constexpr int Fastest = 2000000;
-    const int listed = model::baudRateOf(code);
-    return listed > 0 ? listed : Fastest / (code + 1);
-}
-
 QStringList flagsOf(const Field &field, qint32 raw)
 {
     QStringList names;
@@ -87,20 +80,10 @@ QStringList flagsOf(const Field &field, qint32 raw)
     return names;
 }
 
-/** As many decimals as tell each step from the next. */
-int decimalsOf(const recording::Column &column)
-{
-    constexpr int Most = 9;
-    constexpr double Rounding = 1e-9;
-    const double step =
-        std::abs(column.value(column.field->range.rawMin + 1) - column.value(column.field->range.rawMin));
-    return step > 0 ? qBound(0, int(std::ceil(-std::log10(step) - Rounding)), Most) : 0;
-}
-
 QString numberText(const Field &field, qint32 raw, const UnitChoice &unitOf)
 {
     const recording::Column column{&field, unitOf(field.kind)};
-    return QString::number(column.value(raw), 'f', decimalsOf(column));
+    return QString::number(column.value(raw), 'f', model::stepDecimals(field, column.unit));
 }
 
 [[noreturn]] void reject(const Field &field, const QString &text, const QString &why)
@@ -203,7 +186,7 @@ qint32 numberIn(const Field &field, const QString &text)
     const double value = number.toDouble();
     if (!std::isfinite(value))
         reject(field, text, QStringLiteral("it is too large a number"));
-    const bool isCount = unitNames(field.kind).isEmpty() && decimalsOf(column) == 0;
+    const bool isCount = unitNames(field.kind).isEmpty() && model::stepDecimals(field, column.unit) == 0;
     if (isCount && value != std::floor(value))
         reject(field, text, QStringLiteral("write a whole number"));
     return column.rawAt(value);
@@ -273,7 +256,7 @@ QJsonValue valueObject(const Field &field, qint32 raw, const UnitChoice &unitOf)
     if (isSwitch(field) && (raw == 0 || raw == 1))
         return raw == 1;
     if (field.kind == FieldKind::BaudRate)
-        return baudRateOf(raw);
+        return model::nominalBaudRate(raw);
     const QString name = choiceName(field.kind, raw);
     if (!name.isEmpty())
         return name;

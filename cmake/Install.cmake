@@ -25,6 +25,7 @@ if(UNIX)
     # The man pages say where the guide is, and the program shows it. With it goes each page that it links to.
     set(zelvar_doc_dir ${CMAKE_INSTALL_DATADIR}/doc/zelvar-servo-manager)
     install(FILES docs/user-guide.md docs/building.md docs/wire-protocol.md docs/zelvar-servo.schema.json
+        docs/zservo.schema.json
         DESTINATION ${zelvar_doc_dir})
     install(DIRECTORY docs/screenshots DESTINATION ${zelvar_doc_dir} FILES_MATCHING PATTERN "*.png")
 endif()

@@ -38,4 +38,12 @@ constexpr int baudRateOf(int code)
     return 0;
 }
 
+/** The same also for a code that the table does not have, 0 to 254. */
+constexpr int nominalBaudRate(int code)
+{
+    constexpr int Fastest = 2000000;
+    const int listed = baudRateOf(code);
+    return listed > 0 ? listed : Fastest / (code + 1);
+}
+
 } // namespace model

@@ -1,8 +1,7 @@
 #include "recording/column.h"
 
+#include "model/fieldvalue.h"
 #include "model/units.h"
-
-#include <cmath>
 
 namespace recording {
 
@@ -14,7 +13,7 @@ QByteArray Column::title() const
 
 double Column::value(qint32 raw) const
 {
-    return model::unit(field->kind, unit).fromBase(model::physicalValue(*field, raw));
+    return model::valueIn(*field, raw, unit);
 }
 
 std::optional<double> Column::value(const model::RegisterImage &image) const
@@ -25,14 +24,7 @@ std::optional<double> Column::value(const model::RegisterImage &image) const
 
 qint32 Column::rawAt(double wanted) const
 {
-    // The way back truncates, so that a value that is a hair too small gives the raw value before.
-    const qint32 truncated = model::rawAt(*field, model::unit(field->kind, unit).toBase(wanted));
-    qint32 nearest = truncated;
-    for (const qint32 candidate : {truncated - 1, truncated + 1}) {
-        if (std::abs(value(candidate) - wanted) < std::abs(value(nearest) - wanted))
-            nearest = candidate;
-    }
-    return nearest;
+    return model::nearestRaw(*field, wanted, unit);
 }
 
 std::vector<Column> allColumns(const model::Family &family, const UnitChoice &unitOf)

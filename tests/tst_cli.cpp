@@ -66,6 +66,15 @@ SimulatorProcess *startBus(QStringList servos, const QString &fault = {})
 
 using Bus = std::unique_ptr<SimulatorProcess>;
 
+/** Keeps a file of parameters with @p fields of the own family in the folder that the program works in. */
+void keepFile(const QString &name, const char *fields)
+{
+    QFile file(QDir::temp().filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"format": "zelvar-servo-parameters", "version": 1, "partial": true, "model": 258, "fields": )");
+    file.write(fields);
+}
+
 const QStringList ThreeServos{"zelvar:1", "zelvar:2", "ax12:5"};
 
 /** The schema of the objects that the program prints. */
@@ -101,6 +110,12 @@ class TestCli : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("TMPDIR", m_folder.path().toLocal8Bit());
+        keepFile("slow.zservo", R"({"id": {"raw": 2}, "acceleration_limit": {"value": 5, "unit": "rad/s^2"}}})");
+        keepFile("bad.zservo", "{");
+    }
     void init() { Settings(storedport::Group).setValue(storedport::NameKey, "bus"); }
 
     /** Each row: what is typed, the exit status, and what the results and the rest are like. */
@@ -145,6 +160,21 @@ private Q_SLOTS:
             // Side by side in one block, the motor last and alone.
             {"set --id 1 --dry-run control_enable=on moving_threshold=0.2rad/s input_mode=position target_torque=-1.5Nm", 0,
              "write c8 00 01 from register 24 on, as ff ff fd 00 01 08 00 03 18 00 c8 00 01 .*\n.*write dc 85 from register 84.*\n.*write 01 from register 48 on", ""},
+            {"backup --id 1,2 own.zservo",                   2, "", "a file keeps one servo"},
+            {"backup --id 1 nowhere/own.zservo",             2, "", "cannot be written: No such file"},
+            {"backup --id 1 slow.zservo",                    2, "", "slow.zservo has something else .* add --replace"},
+            {"diff --id 1 slow.zservo",                      1, "\nacceleration_limit +24.000rad/s.2 +5.000rad/s.2\n.*compared 2, equal 0, different 2", ""},
+            {"diff --id 1,2 slow.zservo",                    1, "\n2: acceleration_limit.*compared 1, equal 0, different 1", ""},
+            {"diff slow.zservo slow.zservo",                 0, "compared 2, equal 2, different 0, missing 0", ""},
+            {"diff slow.zservo bad.zservo",                  2, "^$", "bad.zservo: line 1: it is no JSON"},
+            {"restore --id 1 bad.zservo",                    2, "^$", "bad.zservo: line 1: it is no JSON"},
+            {"restore slow.zservo",                          2, "^$", "restore needs --id"},
+            {"restore --id 5 slow.zservo",                   2, "^$", "of a ZelvarV1, model 258, but servo 5 on bus is of a DynamixelAx12"},
+            {"restore --id 1 --with-id slow.zservo",         2, "", "another servo has the id 2 at 1000000 baud"},
+            {"restore --id 1,2 slow.zservo --only id",       2, "^$", "only one servo"},
+            {"restore --id 1 slow.zservo --only moving",     2, "^$", "non-volatile fields only"},
+            {"restore --id 1 slow.zservo --only torque_*",   5, "not all is as in the file: compared 0, .* missing 1", "does not have torque_limit"},
+            {"restore --id 1 --dry-run slow.zservo",         0, "left out: id\n.*would write 88 13 from register 18 on", ""},
             {"reboot --id 5",                                5, "", "no reboot"},
             {"reboot",                                       2, "", "needs --id"},
             {"factory-reset",                                2, "", "needs --id"},
@@ -246,6 +276,65 @@ private Q_SLOTS:
         QVERIFY2(answer.err.contains("moving_threshold=1.000rad/s not set, it has 0.020rad/s: refused with process"),
                  qPrintable(answer.err));
         QVERIFY(answer.err.contains("target_torque"));
+        const Answer restore = servo("restore --id 1 slow.zservo --with-id");
+        QCOMPARE(restore.status, 5);
+        QVERIFY2(restore.out.contains("not all is as in the file: compared 2, equal 0, written 0, refused 2") &&
+                     restore.err.contains("acceleration_limit=5.000rad/s^2 not set, it has 24.000rad/s^2: refused") &&
+                     restore.err.contains("id=2 not set, it has 1: left as it is"),
+                 qPrintable(restore.out + restore.err));
+    }
+
+    /** Whatever was changed since, a servo is again what the file says. */
+    void whatWasKeptIsRestored()
+    {
+        const Bus bus(startBus(ThreeServos));
+        QCOMPARE(servo("set --id 1 operating_mode=wheel acceleration_limit=2rad/s^2 home_position_offset=9deg").status,
+                 0);
+        QCOMPARE(servo("set --id 5 clockwise_angle_limit=-90deg alarm_led=overload_error").status, 0);
+        QCOMPARE(servo("backup --id 1 one.zservo").status + servo("backup --id 5 five.zservo").status, 0);
+        QCOMPARE(servo("factory-reset --id 1").status + servo("set --id 1 control_enable=on").status, 0);
+        QCOMPARE(servo("diff --id 1 one.zservo").out.count('\n'), 4);
+
+        const Answer refused = servo("restore --id 1 one.zservo");
+        QVERIFY2(refused.status == 2 && refused.err.contains("add --motor-off"), qPrintable(refused.err));
+        const Answer restored = servo("restore --id 1,2 --motor-off one.zservo");
+        QVERIFY2(restored.status == 0, qPrintable(restored.err));
+        QCOMPARE(restored.out.count("restored: compared 19, equal 17, written 2, refused 0, missing 0"), 2);
+        QCOMPARE(restored.out.count("motor off"), 1);
+        QVERIFY(restored.out.contains("different but left out: id, home_position_offset"));
+        QCOMPARE(servo("diff --id 1 one.zservo").status, 1);
+        QCOMPARE(servo("restore --id 1 --with-home one.zservo").status, 0);
+        QCOMPARE(servo("diff --id 1 one.zservo").status, 0);
+
+        // The second time, as after a run that was cut off behind its last write, it is found where it is by then.
+        QCOMPARE(servo("set --id 5 id=8 baud_rate=57600 clockwise_angle_limit=0deg status_return_level=1").status, 0);
+        for (const char *counts : {"compared 12, equal 8, written 4", "compared 12, equal 12, written 0"}) {
+            const Answer moved = servo("restore --id 8 --baud 57600 --with-id --timeout 20ms five.zservo");
+            QVERIFY2(moved.status == 0 && moved.out.contains(counts), qPrintable(moved.out + moved.err));
+        }
+        QCOMPARE(servo("diff --id 5 five.zservo").status, 0);
+    }
+
+    /** Each write by itself may be the last one that arrives. */
+    void aRestoreThatIsCutOffIsFinishedByTheNextOne()
+    {
+        keepFile("three.zservo",
+                 R"({"operating_mode": {"raw": 1}, "torque_limit": {"raw": 9}, "input_mode": {"raw": 1}}})");
+        for (int replies = 0; replies <= 5; ++replies) {
+            const InRow row(QString::number(replies));
+            QTemporaryDir folder;
+            const QStringList servos{"--name", "bus", "--servo", "zelvar:1", "--state", folder.filePath("state")};
+            {
+                const SimulatorProcess cut(servos + QStringList{"--fault", QString("mute-after=%1").arg(replies)});
+                const Answer answer = servo("restore --id 1 --timeout 1ms three.zservo");
+                QCOMPARE(answer.out.contains("restored"), replies == 5);
+                QCOMPARE(answer.status, replies == 5 ? 0 : 3);
+            }
+            const SimulatorProcess whole(servos);
+            QCOMPARE(servo("restore --id 1 three.zservo").status, 0);
+            QCOMPARE(servo("get --raw --id 1 operating_mode torque_limit input_mode").out,
+                     QString("operating_mode=1\ntorque_limit=9\ninput_mode=1\n"));
+        }
     }
 
     void aServoThatMovesIsFollowed()
@@ -336,6 +425,7 @@ private Q_SLOTS:
         QCOMPARE(ids, found);
         QCOMPARE(servo("set --id 1,2 target_position=1rad").status, status);
         QCOMPARE(servo("get --id 1,2,5").status, status);
+        QCOMPARE(servo("restore --id 1,2 slow.zservo").status, status);
         QCOMPARE(servo("stop --id 1,2,5").status, status);
     }
 
@@ -364,7 +454,7 @@ private Q_SLOTS:
             QVERIFY2(page.contains(name) && completion.contains(name), qPrintable(name));
             helps.append(shell("zelvar-servo " + name + " --help").out);
         }
-        QCOMPARE(helps.size(), 1 + 9);
+        QCOMPARE(helps.size(), 1 + 12);
         static const QRegularExpression option("--[a-z-]+");
         for (auto match = option.globalMatch(helps.join('\n')); match.hasNext();) {
             const QString name = match.next().captured();
@@ -399,10 +489,14 @@ private Q_SLOTS:
             const Answer answer = shell(line, folder.path());
             QVERIFY2(answer.status == 0, qPrintable(line + '\n' + answer.err));
         }
-        const QStringList all{"ports", "scan", "info", "get", "set", "monitor", "stop", "reboot", "factory-reset"};
+        const QStringList all{"ports",  "scan", "info",    "get",  "set",    "monitor",
+                              "backup", "diff", "restore", "stop", "reboot", "factory-reset"};
         QCOMPARE(QStringList(QSet<QString>(commands.begin(), commands.end()).values()).size(), all.size());
         QVERIFY(QFileInfo(folder.filePath("step.csv")).size() > 100);
     }
+
+private:
+    QTemporaryDir m_folder; ///< that the program works in
 };
 
 ZELVAR_TEST_MAIN(TestCli)

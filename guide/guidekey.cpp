@@ -35,6 +35,7 @@ constexpr ChapterRow Chapters[] = {
     {"volatileParamsGroupBox",       "what-the-parameters-mean"},
     {"editView",                     "unit-fields"},
     {"registerView",                 "register-fields"},
+    {"plotDock",                     "the-plot"},
 };
 // clang-format on
 

@@ -214,6 +214,7 @@ private Q_SLOTS:
     {
         const Profile servo = factoryValues();
         const QByteArray text = encoded(servo);
+        QVERIFY(!decoded(QByteArray("{\"a\":").repeated(100000)).profile);
         for (int at = 0; at < text.size() - 2; ++at)
             QVERIFY(!decoded(text.left(at)).profile);
         for (int at = 0; at < text.size(); ++at) {

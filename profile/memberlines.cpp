@@ -29,20 +29,22 @@ bool isName(const QByteArray &text, int behind)
 
 MemberLines::MemberLines(const QByteArray &text)
 {
-    QStringList around; // paths of the objects and lists that are open
-    QString last;       // path of the member read last
-    for (int at = 0; at < text.size(); ++at) {
+    constexpr int Deepest = 16; // far deeper than any file of ours; paths would grow without end
+    QStringList around;         // paths of the objects and lists that are open
+    QString last;               // path of the member read last
+    int line = 1;
+    for (int at = 0; at < text.size() && around.size() <= Deepest; ++at) {
         const char character = text[at];
+        line += character == '\n' ? 1 : 0;
         if (character == '{' || character == '[') {
             around.append(around.isEmpty() ? QString() : last + QLatin1Char('/'));
-        } else if (character == '}' || character == ']') {
+        } else if ((character == '}' || character == ']') && !around.isEmpty()) {
             around.removeLast();
         } else if (character == '"') {
             const int end = endOfString(text, at);
-            if (isName(text, end)) {
+            if (isName(text, end) && !around.isEmpty()) {
                 const QByteArray name = text.mid(at + 1, end - at - 2);
                 last = around.last() + QString::fromUtf8(name);
-                const int line = lineAt(text, at);
                 if (m_ambiguousLine == 0 && (m_lines.contains(last) || name.contains('\\')))
                     m_ambiguousLine = line;
                 m_lines.insert(last, line);

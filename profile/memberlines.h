@@ -10,7 +10,7 @@ namespace profile {
 class MemberLines
 {
 public:
-    /** REQUIRES: @p text is valid JSON, an object. */
+    /** @p text need not be valid; what is found then is as good as it is. */
     explicit MemberLines(const QByteArray &text);
 
     /** The line of the member @p path, or of the nearest one around it that is there. */

@@ -305,17 +305,18 @@ Reading decoded(const QByteArray &text)
     static const QByteArray ByteOrderMark("\xEF\xBB\xBF");
     if (text.startsWith(ByteOrderMark))
         return decoded(text.mid(ByteOrderMark.size()));
+    const MemberLines lines(text);
+    // Before Qt reads it, which would keep one of the two, and lose the memory of the other.
+    if (lines.ambiguousLine() > 0)
+        return {std::nullopt,
+                sentence(lines.ambiguousLine(), QStringLiteral("this name is there twice, or written with escapes")),
+                {}};
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (!document.isObject())
         return {std::nullopt,
                 sentence(MemberLines::lineAt(text, error.offset),
                          QStringLiteral("it is no JSON object: %1").arg(error.errorString())),
-                {}};
-    const MemberLines lines(text);
-    if (lines.ambiguousLine() > 0)
-        return {std::nullopt,
-                sentence(lines.ambiguousLine(), QStringLiteral("this name is there twice, or written with escapes")),
                 {}};
     try {
         Reader reader(document.object());

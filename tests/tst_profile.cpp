@@ -173,14 +173,11 @@ private Q_SLOTS:
             {"{\n  \"format\"",          "\n  \"format\"",        "line 2: it is no JSON object"},
             {"zelvar-servo-parameters",  "a-recipe",              "line 2: it is no file of servo parameters"},
             {"\"version\": 1",           "\"version\": 2",        "line 3: it has the version 2, which a later program"},
-            {"\"model\": 258",           "\"model\": -1",         "line 4: \"model\" has to be"},
             {"\"model\": 258",           "\"model\": 12",         "line 5: a servo of model 12 is a DynamixelAx12"},
-            {"\"id\": 3",                "\"id\": 254",           "line 7: \"id\" has to be a number from 0 to 253"},
             {"2026-11-22T12",            "soon",                  "line 8: \"time\""},
             {"\"time\"",                 "\"tide\"",              "line 8: \"tide\" means nothing here"},
             {"\"time\"",                 "\"\\u0069d\"",          "line 8: this name is there twice, or"},
             {"\"input_mode\"",           "\"moving_threshold\"",  "line 24: this name is there twice"},
-            {"\"input_mode\"",           "\"control_enable\"",    "line 24: a ZelvarV1 keeps no field"},
             {"    \"input_mode\": {\"raw\": 0, \"value\": \"trajectory\"},\n", "", "line 9: \"input_mode\" is missing"},
             {"{\"raw\": 0, \"value\": \"trajectory\"}", "0",      "line 24: \"input_mode\" has to be an object"},
             {"\"value\": \"trajectory\"", "\"valeu\": 0",         "line 24: \"valeu\" means nothing here"},
@@ -191,7 +188,6 @@ private Q_SLOTS:
             {"\"raw\": 70, \"value\": 70", "\"value\": 70.5",     "line 16: 70.5 is no value"},
             {"\"address\": 3",           "\"address\": 4",        "line 33: .* 38 bytes from register 3 on"},
             {"\"data\": \"03 01",        "\"data\": \"03 02",     "line 33: the bytes do not fit their CRC"},
-            {"\"data\": \"03 01",        "\"data\": \"03 0g",     "line 33: .* 38 bytes"},
             {"\"time\"",                 "\"partial\": true, \"time\"", "line 33: a partial file has no bytes"},
         };
         // clang-format on
@@ -214,6 +210,7 @@ private Q_SLOTS:
     {
         const Profile servo = factoryValues();
         const QByteArray text = encoded(servo);
+        QVERIFY(!decoded(QByteArray("{\"a\":").repeated(100000)).profile);
         for (int at = 0; at < text.size() - 2; ++at)
             QVERIFY(!decoded(text.left(at)).profile);
         for (int at = 0; at < text.size(); ++at) {
@@ -235,11 +232,9 @@ private Q_SLOTS:
             {"\"value\": 24,",         "\"value\": 5.0004,",                "acceleration_limit", 5000, "line 21", false},
             {"\"value\": 24,",         "\"value\": 24.0004,",               "acceleration_limit", 24000, "", false}, // the same step
             {"\"raw\": 24000, \"value\": 24", "\"raw\": 5000, \"value\": 5", "acceleration_limit", 5000, "line 21", false},
-            {"\"raw\": 24000, ",       "",                                  "acceleration_limit", 24000, "", false},
             {"\"value\": 70, \"unit\": \"degC\"", "\"value\": 140, \"unit\": \"degF\"", "upper_temperature_limit", 60, "line 16", false},
             {"\"value\": \"joint\"",   "\"value\": \"wheel\"",              "operating_mode", 1, "line 13: .*: \"wheel\" is taken", false},
             {"\"value\": 1000000",     "\"value\": 57600",                  "baud_rate", 34, "line 11", false},
-            {"\"raw\": 3, \"value\": 3", "\"raw\": 9, \"value\": 3",        "id", 9, "line 10", false},
             {"\"alarm_led\": {\"raw\": 36, \"value\": [\"overheating_error\",\"overload_error\"]", "\"alarm_led\": {\"value\": [\"range_error\"]", "alarm_led", 8, "line 20", true},
         };
         // clang-format on

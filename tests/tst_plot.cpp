@@ -4,6 +4,7 @@
 #include "model/families.h"
 #include "plot/curves.h"
 #include "plot/plotpane.h"
+#include "plot/striparea.h"
 #include "plot/timewindow.h"
 #include "plot/valuerange.h"
 #include "tests/support/desk.h"
@@ -16,6 +17,30 @@ QStringList linesOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString(file.readAll()).split("\r\n") : QStringList();
+}
+
+/** Puts both cursors into @p strips and holds what they read against the samples of @p csv. */
+void compareCursorsWith(const QList<QByteArray> &csv, StripArea &strips)
+{
+    const auto press = [&strips](Qt::Key key, int times) {
+        for (int i = 0; i < times; ++i)
+            QTest::keyClick(&strips, key);
+    };
+    press(Qt::Key_Left, 3);
+    press(Qt::Key_Return, 1);
+    press(Qt::Key_Left, 17);
+    const QStringList lines = strips.valuesText().split('\n');
+    const QStringList times = lines[1].split('\t');
+    const QStringList positions = lines[2].split('\t');
+    for (const int cursor : {1, 2}) {
+        const auto isAtCursor = [&](const QByteArray &line) {
+            return QString::number(line.split(',').value(1).toDouble(), 'f', 3) == times[cursor];
+        };
+        const auto sample = std::find_if(csv.begin() + 1, csv.end(), isAtCursor);
+        QVERIFY2(sample != csv.end(), qPrintable(times[cursor]));
+        QCOMPARE(positions[cursor], QString::number(sample->split(',')[2].toDouble(), 'f', 3));
+    }
+    QVERIFY(times[1] != times[2]);
 }
 
 } // namespace
@@ -117,6 +142,7 @@ private Q_SLOTS:
         desk.window->plotting().open(path);
         const QList<QByteArray> again = pane->contents(PlotPane::Format::Csv).split('\n');
         QVERIFY(again.size() > 40);
+        compareCursorsWith(again, *desk.find<StripArea>("plotStrips"));
         desk.trigger("actionPlotCloseRecording");
         desk.trigger("actionPlot");
         QVERIFY(!pane->isVisible());

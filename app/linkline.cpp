@@ -37,8 +37,7 @@ LinkLine::LinkLine(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
     layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
-    for (QLabel *label :
-         std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_recording, m_motor}) {
+    for (QLabel *label : std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_recording, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);

@@ -107,7 +107,7 @@ StepRow::StepRow(QWidget *parent)
     m_before[0]->setText(tr("Step before"));
     m_writeBack->setObjectName(QStringLiteral("plotWriteGainsButton"));
     m_writeBack->setToolTip(tr("Gives the servo the gains again that it had at the step before"));
-    layout->addWidget(m_writeBack, 1, ColumnCount, 2, 1);
+    layout->addWidget(m_writeBack, 0, ColumnCount - 1, Qt::AlignRight); // leaves the gains below all of the width
     connect(m_writeBack, &QPushButton::clicked, this, [this] { Q_EMIT gainsWanted(m_gainsBefore); });
     hide();
 }

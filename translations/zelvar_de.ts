@@ -1888,7 +1888,7 @@
     </message>
     <message>
         <source>&amp;Write these gains back</source>
-        <translation>Diese Regelparameter &amp;zurückschreiben</translation>
+        <translation>Parameter &amp;zurückschreiben</translation>
     </message>
     <message>
         <source>This step</source>

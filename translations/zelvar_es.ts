@@ -1888,7 +1888,7 @@
     </message>
     <message>
         <source>&amp;Write these gains back</source>
-        <translation>&amp;Volver a escribir estas ganancias</translation>
+        <translation>&amp;Restaurar ganancias</translation>
     </message>
     <message>
         <source>This step</source>

@@ -1,0 +1,7 @@
+#include "dialogs/fieldtext.h"
+
+namespace dialogs {
+
+FieldText::~FieldText() = default;
+
+} // namespace dialogs

@@ -40,7 +40,7 @@ LinkReporter::~LinkReporter() = default;
 
 void LinkReporter::onStateChanged(State state, State before)
 {
-    const session::ServoAddress &address = m_connection.address();
+    const model::ServoAddress &address = m_connection.address();
     switch (state) {
     case State::Identifying:
         m_line.tell({});

@@ -79,7 +79,7 @@ constexpr NumberRange ServoId{0, 253, 0};
 constexpr int PixmapCacheLimit = 1024;
 
 /** Where an AX-12 is after a factory reset, which leaves it neither id nor baud rate. */
-constexpr session::ServoAddress FactoryAx12{1, 1000000};
+constexpr model::ServoAddress FactoryAx12{1, 1000000};
 
 constexpr int CloseDelay = 100; // ms: lets an exchange under way finish
 
@@ -507,7 +507,7 @@ void MainWindow::onAnswersBack()
 
 void MainWindow::onServoMoved()
 {
-    const session::ServoAddress &address = m_connection->servoAddress();
+    const model::ServoAddress &address = m_connection->servoAddress();
     m_ui->statusBar->showMessage(tr("The servo now listens at address %1 and %2 baud: disconnect and connect again")
                                      .arg(address.id)
                                      .arg(address.baudRate));
@@ -516,7 +516,7 @@ void MainWindow::onServoMoved()
 }
 
 /** Makes @p address the one that the next connection is made to. */
-void MainWindow::takeOverAddress(const session::ServoAddress &address)
+void MainWindow::takeOverAddress(const model::ServoAddress &address)
 {
     m_idSpinBox->setValue(address.id);
     if (m_settingsDialog->portSettings().baudRate != address.baudRate)

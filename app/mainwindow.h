@@ -30,13 +30,16 @@ namespace Ui {
 class MainWindow;
 }
 
+namespace model {
+struct ServoAddress;
+}
+
 namespace session {
 class ApplyProof;
 class Connection;
 enum class State;
 struct AppliedField;
 struct Block;
-struct ServoAddress;
 } // namespace session
 
 /**
@@ -97,7 +100,7 @@ private:
     void onStateChanged(session::State state, session::State before);
     void onAnswersBack();
     void onServoMoved();
-    void takeOverAddress(const session::ServoAddress &address);
+    void takeOverAddress(const model::ServoAddress &address);
     void onConnectionLost(const QString &reason);
     void setLinkUp(bool up);
     void run(const OneShotOperation &operation);

@@ -60,8 +60,7 @@ void BusClient::open(int baudRate)
     m_baudRate = baudRate;
 }
 
-template <class Condition>
-void BusClient::runUntil(Condition isOver)
+void BusClient::runUntil(const std::function<bool()> &isOver)
 {
     QEventLoop loop;
     const auto connection = connect(this, &BusClient::woken, &loop, &QEventLoop::quit);
@@ -172,9 +171,9 @@ void BusClient::failWithoutAnswer(int id) const
                       .arg(m_baudRate)};
 }
 
-QString BusClient::refusal(const BusResult &result)
+QString BusClient::refusal(quint8 errorByte)
 {
-    const int number = result.error & model::ErrorNumberMask;
+    const int number = errorByte & model::ErrorNumberMask;
     for (const model::Refusal &row : model::Refusals) {
         if (row.error == number)
             return QLatin1String(row.text);

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <chrono>
+#include <functional>
 
 namespace cli {
 
@@ -40,6 +41,8 @@ public:
     ~BusClient() override;
 
     const QString &portName() const { return m_portName; }
+    /** How long a silent servo is asked. */
+    std::chrono::milliseconds timeout() const { return m_timeout; }
     /** Bits per second; 0 before the first open(). */
     int baudRate() const { return m_baudRate; }
     ServoBus &bus() { return m_bus; }
@@ -56,6 +59,10 @@ public:
     void refresh(Servo &servo, int address, int size);
     /** Whether somebody answers with @p id at the present baud rate. */
     bool isTaken(int id);
+    /** Runs the event loop until @p isOver, which is asked again whenever something has woken(). */
+    void runUntil(const std::function<bool()> &isOver);
+    /** Whether the user has pressed Ctrl+C. */
+    bool isInterrupted() const { return m_isInterrupted; }
     /** Runs the event loop until @p moment. */
     void waitUntil(Clock::TimePoint moment);
 
@@ -63,15 +70,15 @@ public:
     QString nameOf(int id) const;
     [[noreturn]] void failWithoutAnswer(int id) const;
     /** What a servo means by @p result, a refusal, and what to do about it. */
-    static QString refusal(const BusResult &result);
+    static QString refusal(const BusResult &result) { return refusal(result.error); }
+    /** The same of an error byte. */
+    static QString refusal(quint8 errorByte);
 
 Q_SIGNALS:
     /** What waits goes on or ends: a request has ended, a time is over, or the user has pressed Ctrl+C. */
     void woken();
 
 private:
-    template <class Condition>
-    void runUntil(Condition isOver);
     Servo identified(int id, const BusResult &result) const;
     void checkAnswer(int id, const BusResult &result) const;
 

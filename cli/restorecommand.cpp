@@ -1,54 +1,46 @@
 #include "cli/busclient.h"
 #include "cli/commands.h"
+#include "cli/ports.h"
 #include "cli/profilecommands.h"
 #include "cli/values.h"
-#include "model/baudrates.h"
+#include "profile/restoration.h"
 
 #include <QDateTime>
 
 #include <algorithm>
-#include <map>
+#include <array>
 
 namespace cli {
 
+using model::ServoAddress;
 using profile::Block;
 using profile::Comparison;
+using profile::Obstacle;
 using profile::Pair;
 using profile::Profile;
+using profile::RestoredField;
+using profile::RestoreReport;
 
 namespace {
 
-using Outcome = BusResult::Outcome;
+using Fate = RestoredField::Fate;
 using Fields = std::vector<const model::Field *>;
 
-/** What became of the fields that were compared. */
-struct Counts
+/** How many fields have become what. */
+struct Count
 {
-    int compared = 0;
-    int equal = 0; ///< before anything was written
-    int written = 0;
-    int refused = 0;
-    int missing = 0; ///< asked for, but the file does not have them
-
-    bool isAll() const { return refused == 0 && missing == 0; }
-    QString text() const
-    {
-        return QStringLiteral("compared %1, equal %2, written %3, refused %4, missing %5")
-            .arg(compared)
-            .arg(equal)
-            .arg(written)
-            .arg(refused)
-            .arg(missing);
-    }
-    QJsonObject asObject() const
-    {
-        return {{QStringLiteral("compared"), compared},
-                {QStringLiteral("equal"), equal},
-                {QStringLiteral("written"), written},
-                {QStringLiteral("refused"), refused},
-                {QStringLiteral("missing"), missing}};
-    }
+    const char *name;
+    int value;
 };
+
+std::array<Count, 5> countsOf(const RestoreReport &report)
+{
+    return {{{"compared", int(report.fields.size())},
+             {"equal", report.count(Fate::Equal)},
+             {"written", report.count(Fate::Written)},
+             {"refused", report.refusedCount()},
+             {"missing", int(report.missing.size())}}};
+}
 
 /** Whether @p field is restored unless only some were asked for. */
 bool isWanted(const model::Field &field, const Options &options)
@@ -73,14 +65,23 @@ Fields chosen(const Profile &file, const Options &options)
     return fields;
 }
 
-/** Where a servo is found on the bus. */
-struct Address
+/** What to say of an obstacle, and how the program ends with it. */
+struct ObstacleRow
 {
-    int id;
-    int baudRate; ///< bits per second
-
-    bool operator==(const Address &other) const { return id == other.id && baudRate == other.baudRate; }
+    Obstacle obstacle;
+    ExitStatus status;
+    const char *text;
 };
+// clang-format off
+constexpr ObstacleRow Obstacles[] = {
+    {Obstacle::Refused,      ExitStatus::Refused, "it refuses to be read"},
+    {Obstacle::OtherModel,   ExitStatus::Usage,   "by now another servo answers, of another model"},
+    {Obstacle::MotorOn,      ExitStatus::Usage,   "its motor is on; add --motor-off to have it switched off first, which frees the shaft"},
+    {Obstacle::MotorStaysOn, ExitStatus::Refused, "its motor could not be switched off"},
+    {Obstacle::Locked,       ExitStatus::Refused, "its lock is on, so it keeps its parameters; switch its supply off and on"},
+    {Obstacle::Unreadable,   ExitStatus::Usage,   "with status_return_level=0 it could not be read any more, so nothing would be proved; edit the file"},
+};
+// clang-format on
 
 /** Brings what a file has into one servo. */
 class Restoring
@@ -88,7 +89,7 @@ class Restoring
 public:
     Restoring(Context &context, const Profile &file, Fields fields, int id)
         : m_context(context), m_bus(context.bus()), m_file(file),
-          m_fields(std::move(fields)), m_home{id, context.baudRate()}, m_address(m_home), m_name(m_bus.nameOf(id))
+          m_fields(std::move(fields)), m_address{id, context.baudRate()}, m_name(m_bus.nameOf(id))
     {
     }
 
@@ -96,56 +97,39 @@ public:
 
 private:
     void find();
-    void compare();
-    Address addressAfter(const std::vector<Pair> &pairs) const;
-    void check() const;
-    void checkNewAddress();
-    void showPlan(const std::vector<Block> &plan, QJsonObject &answer);
-    void switchMotorOff();
-    void send(const std::vector<Block> &plan);
-    bool sendBlock(const Block &block);
-    void note(const Block &block, const QString &reason);
-    BusResult write(int address, const QByteArray &bytes);
-    bool isMotorOn() const { return m_servo.image.raw(m_servo.family().motorSwitch()).value_or(0) != 0; }
-    void readBack();
+    void showPlan(const Comparison &comparison, QJsonObject &answer);
+    RestoreReport restore();
+    [[noreturn]] void fail(const RestoreReport &report) const;
     void tellLeftOut(QJsonObject &answer);
-    QString whyNot(const Pair &pair) const;
-    ExitStatus judge(QJsonObject &answer);
+    QString whyNot(const RestoredField &field) const;
+    ExitStatus judge(const RestoreReport &report, QJsonObject &answer);
 
     Context &m_context;
     BusClient &m_bus;
     const Profile &m_file;
     const Fields m_fields; ///< to restore
-    const Address m_home;  ///< where the servo is asked for
-    Address m_address;     ///< where it is by now
+    ServoAddress m_address;
     const QString m_name;
     Servo m_servo;
-    Comparison m_comparison;                            ///< before anything was written
-    std::map<const model::Field *, QString> m_refusals; ///< why the servo has not got them
 };
 
 ExitStatus Restoring::carryOut(QJsonObject &answer)
 {
     find();
     answer.insert(QStringLiteral("family"), QLatin1String(m_servo.family().name));
-    compare();
-    const std::vector<Pair> differences = m_comparison.differences();
-    const std::vector<Block> plan = profile::restorePlan(m_comparison);
-    print(m_context, m_home.id, differences);
+    const Profile servo = Profile::of(m_servo.image, QDateTime::currentDateTimeUtc());
+    checkModels(m_file, m_context.options().words.front(), servo, m_name);
+    const Comparison comparison = profile::compare(servo, m_file, m_fields);
+    print(m_context, m_address.id, comparison.differences());
     tellLeftOut(answer);
     if (m_context.options().isDryRun) {
-        showPlan(plan, answer);
+        showPlan(comparison, answer);
         return ExitStatus::Done;
     }
-    if (!plan.empty()) {
-        check();
-        checkNewAddress();
-        if (isMotorOn())
-            switchMotorOff();
-        send(plan);
-        readBack();
-    }
-    return judge(answer);
+    const RestoreReport report = restore();
+    if (report.obstacle != Obstacle::None)
+        fail(report);
+    return judge(report, answer);
 }
 
 /**
@@ -164,7 +148,7 @@ void Restoring::find()
             if (const auto raw = m_file.raw(*field))
                 wanted.push_back({field, 0, *raw});
         }
-        const Address moved = addressAfter(wanted);
+        const ServoAddress moved = profile::Restoration::addressAfter(m_address, wanted);
         if (failure.status != ExitStatus::NoAnswer || moved == m_address)
             throw;
         m_bus.open(moved.baudRate);
@@ -179,147 +163,64 @@ void Restoring::find()
     }
 }
 
-void Restoring::compare()
-{
-    const Profile servo = Profile::of(m_servo.image, QDateTime::currentDateTimeUtc());
-    checkModels(m_file, m_context.options().words.front(), servo, m_name);
-    m_comparison = profile::compare(servo, m_file, m_fields);
-}
-
-Address Restoring::addressAfter(const std::vector<Pair> &pairs) const
-{
-    Address address = m_address;
-    for (const Pair &pair : pairs) {
-        if (!profile::isAddress(*pair.field))
-            continue;
-        if (pair.field->kind == model::FieldKind::BaudRate)
-            address.baudRate = model::nominalBaudRate(pair.file);
-        else
-            address.id = pair.file;
-    }
-    return address;
-}
-
-void Restoring::check() const
-{
-    if (isMotorOn() && !m_context.options().motorOff)
-        throw Failure{ExitStatus::Usage, QStringLiteral("%1: its motor is on; add --motor-off to have it switched off "
-                                                        "first, which frees the shaft")
-                                             .arg(m_name)};
-    if (m_servo.image.raw(QLatin1String("lock")).value_or(0) != 0)
-        throw Failure{
-            ExitStatus::Refused,
-            QStringLiteral("%1: its lock is on, so it keeps its parameters; switch its supply off and on").arg(m_name)};
-    for (const Pair &pair : m_comparison.differences()) {
-        if (qstrcmp(pair.field->key, "status_return_level") == 0 && pair.file == 0)
-            throw Failure{ExitStatus::Usage,
-                          QStringLiteral("%1: with status_return_level=0 it could not be read any more, so nothing "
-                                         "would be proved; edit the file")
-                              .arg(m_name)};
-    }
-}
-
-/** Two servos with one id can neither be told apart nor be given another one. */
-void Restoring::checkNewAddress()
-{
-    const Address after = addressAfter(m_comparison.differences());
-    if (after == m_address)
-        return;
-    m_bus.open(after.baudRate);
-    const bool isTaken = m_bus.isTaken(after.id);
-    m_bus.open(m_address.baudRate);
-    if (isTaken)
-        throw Failure{ExitStatus::Usage,
-                      QStringLiteral("%1: another servo has the id %2 at %3 baud; give that one another id first")
-                          .arg(m_name)
-                          .arg(after.id)
-                          .arg(after.baudRate)};
-}
-
-void Restoring::showPlan(const std::vector<Block> &plan, QJsonObject &answer)
+void Restoring::showPlan(const Comparison &comparison, QJsonObject &answer)
 {
     QJsonArray blocks;
-    for (const Block &block : plan) {
+    for (const Block &block : profile::restorePlan(comparison)) {
         const QString bytes = QString::fromLatin1(block.bytes().toHex(' '));
         m_context.output().line(QStringLiteral("%1: would write %2 from register %3 on")
                                     .arg(m_name, bytes, QString::number(block.address())));
         blocks.append(QJsonObject{{QStringLiteral("address"), block.address()}, {QStringLiteral("bytes"), bytes}});
     }
-    if (plan.empty())
+    if (blocks.isEmpty())
         m_context.output().line(QStringLiteral("%1: nothing to write").arg(m_name));
     answer.insert(QStringLiteral("blocks"), blocks);
-    answer.insert(QStringLiteral("fields"), fieldObjects(m_comparison.differences(), m_context.options().unitOf));
+    answer.insert(QStringLiteral("fields"), fieldObjects(comparison.differences(), m_context.options().unitOf));
 }
 
-void Restoring::switchMotorOff()
+RestoreReport Restoring::restore()
 {
-    const model::Field &motor = m_servo.family().motorSwitch();
-    write(motor.address, QByteArray(motor.size, '\0'));
-    m_bus.refresh(m_servo, motor.address, motor.size);
-    if (isMotorOn())
-        throw Failure{ExitStatus::Refused, QStringLiteral("%1: its motor could not be switched off").arg(m_name)};
-    m_context.output().line(QStringLiteral("%1: motor off").arg(m_name));
+    const auto open = [this](int baudRate) {
+        try {
+            m_bus.open(baudRate);
+        } catch (const Failure &failure) {
+            return failure.text;
+        }
+        return QString();
+    };
+    profile::Restoration restoration(m_bus.bus(), open, m_bus.timeout());
+    QObject::connect(&restoration, &profile::Restoration::ended, &m_bus, &BusClient::woken);
+    restoration.begin(m_address, {m_file, m_fields, m_context.options().motorOff});
+    m_bus.runUntil([&] {
+        if (m_bus.isInterrupted())
+            restoration.stop();
+        return restoration.isEnded();
+    });
+    if (m_bus.isInterrupted())
+        throw Interrupted{};
+    return restoration.report();
 }
 
-void Restoring::send(const std::vector<Block> &plan)
+void Restoring::fail(const RestoreReport &report) const
 {
-    bool goesOn = true;
-    for (const Block &block : plan) {
-        // A servo that has not taken everything stays where it is, so that the next run finds it.
-        const bool isMove = profile::isAddress(*block.fields.front().field);
-        goesOn = goesOn && !(isMove && !m_refusals.empty());
-        if (goesOn)
-            goesOn = sendBlock(block);
-        else
-            note(block, QStringLiteral("left as it is, since not all before it was taken"));
+    for (const ObstacleRow &row : Obstacles) {
+        if (row.obstacle == report.obstacle)
+            throw Failure{row.status, m_name + QLatin1String(": ") + QLatin1String(row.text)};
     }
-}
-
-void Restoring::note(const Block &block, const QString &reason)
-{
-    for (const Pair &pair : block.fields)
-        m_refusals[pair.field] = reason;
-}
-
-/** @return whether to go on: not when nobody can tell whether the servo has the block, on which others may depend. */
-bool Restoring::sendBlock(const Block &block)
-{
-    const BusResult result = write(block.address(), block.bytes());
-    if (result.outcome == Outcome::Refused)
-        note(block, QStringLiteral("refused with %1").arg(BusClient::refusal(result)));
-    m_address = addressAfter(result.outcome == Outcome::Refused ? std::vector<Pair>() : block.fields);
-    m_bus.open(m_address.baudRate);
-    if (result.outcome != Outcome::NoAnswer)
-        return true;
-    const BusResult found = m_bus.read(m_address.id, block.address(), block.bytes().size(), m_servo.framing);
-    return found.data == block.bytes();
-}
-
-BusResult Restoring::write(int address, const QByteArray &bytes)
-{
-    BusRequest request;
-    request.operation = BusRequest::Operation::Write;
-    request.id = quint8(m_address.id);
-    request.address = quint8(address);
-    request.data = bytes;
-    request.framing = m_servo.framing;
-    return m_bus.ask(request);
-}
-
-void Restoring::readBack()
-{
-    const int size = m_servo.family().tableSize;
-    BusResult result = m_bus.read(m_address.id, 0, size, m_servo.framing);
-    if (result.outcome == Outcome::NoAnswer && !(m_address == m_home)) {
-        m_bus.open(m_home.baudRate); // it may not have taken its new address
-        result = m_bus.read(m_home.id, 0, size, m_servo.framing);
-    }
-    if (result.outcome != Outcome::Answered)
+    if (report.obstacle == Obstacle::AddressTaken)
+        throw Failure{ExitStatus::Usage,
+                      QStringLiteral("%1: another servo has the id %2 at %3 baud; give that one another id first")
+                          .arg(m_name)
+                          .arg(report.wantedAddress.id)
+                          .arg(report.wantedAddress.baudRate)};
+    if (report.obstacle == Obstacle::NoAnswer && !report.hasWritten)
+        m_bus.failWithoutAnswer(m_address.id);
+    if (report.obstacle == Obstacle::NoAnswer)
         throw Failure{ExitStatus::NoAnswer,
                       QStringLiteral("%1 was written to but does not answer any more, so nothing is proved; the same "
                                      "command again does what is left")
                           .arg(m_name)};
-    m_servo.image.take(0, result.data, SystemClock::instance().now());
+    throw Failure{ExitStatus::Port, report.portError.isEmpty() ? lossText(m_bus.portName()) : report.portError};
 }
 
 /** Names what differs and stays so because it was not asked for. */
@@ -337,51 +238,56 @@ void Restoring::tellLeftOut(QJsonObject &answer)
             QStringLiteral("%1: different but left out: %2").arg(m_name, keys.join(QLatin1String(", "))));
 }
 
-/** What to say of @p pair, which is not equal although it was to be. */
-QString Restoring::whyNot(const Pair &pair) const
+/** What to say of @p field, which the servo has not got. */
+QString Restoring::whyNot(const RestoredField &field) const
 {
     const auto &unitOf = m_context.options().unitOf;
-    const auto refusal = m_refusals.find(pair.field);
+    QString reason = QStringLiteral("the servo did not keep it");
+    if (field.fate == Fate::Refused)
+        reason = QStringLiteral("refused with %1").arg(BusClient::refusal(field.error));
+    else if (field.fate == Fate::LeftOut)
+        reason = QStringLiteral("left as it is, since not all before it was taken");
     return QStringLiteral("%1: %2=%3 not set, it has %4: %5")
-        .arg(m_name, QLatin1String(pair.field->key), valueText(*pair.field, pair.file, unitOf),
-             valueText(*pair.field, pair.servo, unitOf),
-             refusal == m_refusals.end() ? QStringLiteral("the servo did not keep it") : refusal->second);
+        .arg(m_name, QLatin1String(field.now.field->key), valueText(*field.now.field, field.now.file, unitOf),
+             valueText(*field.now.field, field.now.servo, unitOf), reason);
 }
 
-ExitStatus Restoring::judge(QJsonObject &answer)
+ExitStatus Restoring::judge(const RestoreReport &report, QJsonObject &answer)
 {
-    Counts counts;
-    counts.compared = int(m_comparison.pairs.size());
-    counts.missing = int(m_comparison.missing.size());
+    if (report.isMotorSwitchedOff)
+        m_context.output().line(QStringLiteral("%1: motor off").arg(m_name));
     QStringList errors;
-    for (const model::Field *field : m_comparison.missing)
+    for (const model::Field *field : report.missing)
         errors.append(QStringLiteral("%1: the file does not have %2").arg(m_name, QLatin1String(field->key)));
     QJsonObject fields;
-    for (const Pair &before : m_comparison.pairs) {
-        const Pair now{before.field, m_servo.image.raw(*before.field).value_or(0), before.file};
-        counts.equal += before.isEqual() && now.isEqual() ? 1 : 0;
-        counts.written += !before.isEqual() && now.isEqual() ? 1 : 0;
-        counts.refused += now.isEqual() ? 0 : 1;
-        if (before.isEqual() && now.isEqual())
+    for (const RestoredField &field : report.fields) {
+        if (field.fate == Fate::Equal)
             continue;
-        QJsonObject object = fieldObject(now, m_context.options().unitOf);
-        object.insert(QStringLiteral("kept"), now.isEqual());
-        fields.insert(QLatin1String(now.field->key), object);
-        if (!now.isEqual())
-            errors.append(whyNot(now));
+        QJsonObject object = fieldObject(field.now, m_context.options().unitOf);
+        object.insert(QStringLiteral("kept"), field.isRestored());
+        fields.insert(QLatin1String(field.now.field->key), object);
+        if (!field.isRestored())
+            errors.append(whyNot(field));
     }
     for (const QString &error : errors)
         Output::tell(error);
+    QJsonObject counts;
+    QStringList countTexts;
+    for (const Count &count : countsOf(report)) {
+        counts.insert(QLatin1String(count.name), count.value);
+        countTexts.append(QStringLiteral("%1 %2").arg(QLatin1String(count.name)).arg(count.value));
+    }
+    const bool isRestored = report.isRestored();
     m_context.output().line(
         QStringLiteral("%1: %2: %3")
-            .arg(m_name, counts.isAll() ? QStringLiteral("restored") : QStringLiteral("not all is as in the file"),
-                 counts.text()));
+            .arg(m_name, isRestored ? QStringLiteral("restored") : QStringLiteral("not all is as in the file"),
+                 countTexts.join(QLatin1String(", "))));
     answer.insert(QStringLiteral("fields"), fields);
-    answer.insert(QStringLiteral("counts"), counts.asObject());
-    answer.insert(QStringLiteral("restored"), counts.isAll());
+    answer.insert(QStringLiteral("counts"), counts);
+    answer.insert(QStringLiteral("restored"), isRestored);
     if (!errors.isEmpty())
         answer.insert(QStringLiteral("error"), errors.join(QLatin1String("; ")));
-    return counts.isAll() ? ExitStatus::Done : ExitStatus::Refused;
+    return isRestored ? ExitStatus::Done : ExitStatus::Refused;
 }
 
 } // namespace

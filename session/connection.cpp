@@ -33,7 +33,7 @@ Connection::Connection(std::shared_ptr<const model::RegisterImage> image, ServoB
 
 Connection::~Connection() = default;
 
-void Connection::begin(const ServoAddress &address)
+void Connection::begin(const model::ServoAddress &address)
 {
     stopFollowing();
     m_address = m_servoAddress = address;
@@ -133,18 +133,18 @@ void Connection::onPollEnded(const BusResult &result)
 void Connection::onWriteSent(uint8_t address, const QByteArray &data)
 {
     Q_EMIT writeSent(address, data);
-    const ServoAddress after = addressAfter(address, data);
+    const model::ServoAddress after = addressAfter(address, data);
     if (after == m_address)
         return;
     m_servoAddress = after;
     enter(State::Moved);
 }
 
-ServoAddress Connection::addressAfter(uint8_t address, const QByteArray &data) const
+model::ServoAddress Connection::addressAfter(uint8_t address, const QByteArray &data) const
 {
     model::RegisterImage written(m_family);
     written.take(address, data, {});
-    ServoAddress after = m_address;
+    model::ServoAddress after = m_address;
     after.id = written.raw(QLatin1String("id")).value_or(after.id);
     const int baudRate = model::baudRateOf(written.raw(QLatin1String("baud_rate")).value_or(-1));
     // The code stands for a nominal rate, which the port's own may differ from a little.

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/registerimage.h"
+#include "model/servoaddress.h"
 #include "serialport/busrequest.h"
 #include "serialport/clock.h"
 #include "session/linkquality.h"
-#include "session/servoaddress.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -62,12 +62,12 @@ public:
     /** The connected servo's; null until it has told its model. */
     const model::Family *family() const { return m_family; }
     /** Where the connection was made to. */
-    const ServoAddress &address() const { return m_address; }
+    const model::ServoAddress &address() const { return m_address; }
     /** Where the servo listens now, as far as it is known. */
-    const ServoAddress &servoAddress() const { return m_servoAddress; }
+    const model::ServoAddress &servoAddress() const { return m_servoAddress; }
 
     /** The port is open, and the servo at @p address is asked for its model. */
-    void begin(const ServoAddress &address);
+    void begin(const model::ServoAddress &address);
     /** The servo is of @p family, and @p scheduler polls it every @p pollingInterval milliseconds from now on. */
     void follow(UiScheduler &scheduler, const model::Family &family, int pollingInterval);
     /** The port has been closed for an earlier connection's sake. */
@@ -103,12 +103,12 @@ private:
     void onRequestFinished(const BusRequest &request, const BusResult &result);
     void onPollEnded(const BusResult &result);
     void onWriteSent(uint8_t address, const QByteArray &data);
-    ServoAddress addressAfter(uint8_t address, const QByteArray &data) const;
+    model::ServoAddress addressAfter(uint8_t address, const QByteArray &data) const;
 
     std::shared_ptr<const model::RegisterImage> m_image;
     State m_state = State::Disconnected;
-    ServoAddress m_address;
-    ServoAddress m_servoAddress;
+    model::ServoAddress m_address;
+    model::ServoAddress m_servoAddress;
     const model::Family *m_family = nullptr;
     QPointer<UiScheduler> m_scheduler;
     LinkQuality m_quality;

@@ -320,15 +320,15 @@ private Q_SLOTS:
     {
         keepFile("three.zservo",
                  R"({"operating_mode": {"raw": 1}, "torque_limit": {"raw": 9}, "input_mode": {"raw": 1}}})");
-        for (int replies = 0; replies <= 5; ++replies) {
+        for (int replies = 0; replies <= 6; ++replies) {
             const InRow row(QString::number(replies));
             QTemporaryDir folder;
             const QStringList servos{"--name", "bus", "--servo", "zelvar:1", "--state", folder.filePath("state")};
             {
                 const SimulatorProcess cut(servos + QStringList{"--fault", QString("mute-after=%1").arg(replies)});
                 const Answer answer = servo("restore --id 1 --timeout 1ms three.zservo");
-                QCOMPARE(answer.out.contains("restored"), replies == 5);
-                QCOMPARE(answer.status, replies == 5 ? 0 : 3);
+                QCOMPARE(answer.out.contains("restored"), replies == 6);
+                QCOMPARE(answer.status, replies == 6 ? 0 : 3);
             }
             const SimulatorProcess whole(servos);
             QCOMPARE(servo("restore --id 1 three.zservo").status, 0);

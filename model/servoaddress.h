@@ -1,6 +1,6 @@
 #pragma once
 
-namespace session {
+namespace model {
 
 /** Where a servo is reached on its bus. */
 struct ServoAddress
@@ -12,4 +12,4 @@ struct ServoAddress
     bool operator!=(const ServoAddress &other) const { return !(*this == other); }
 };
 
-} // namespace session
+} // namespace model

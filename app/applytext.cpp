@@ -5,6 +5,7 @@
 #include "device/unitshelper.h"
 #include "device/zelvarv1.h"
 #include "model/baudrates.h"
+#include "model/families.h"
 #include "model/rawscale.h"
 #include "model/refusals.h"
 #include "model/registerimage.h"
@@ -33,17 +34,45 @@ bool isSwitch(const model::Field &field)
     return field.kind == model::FieldKind::PlainValue && field.range.rawMax == 1;
 }
 
+/** Whether @p field has controls in the window: those are the own family's. */
+bool isOwn(const model::Field &field)
+{
+    return model::ZelvarV1Family.fieldAt(field.address) == &field;
+}
+
+QString numberText(model::FieldKind kind, const model::Range &range, qint32 raw)
+{
+    const auto units = currentUnits();
+    const auto id = static_cast<qint32>(kind);
+    const double shown = units->toDisplay(model::RawScale(range).toPhysical(raw), id);
+    const bool hasUnit = model::isQuantity(kind);
+    const QString number = QLocale().toString(shown, 'f', hasUnit ? units->decimals(id) : model::stepDecimals(range));
+    return hasUnit ? number + QLatin1Char(' ') + units->unitName(id) : number;
+}
+
 QString numberText(const FieldBinding &binding, qint32 raw)
 {
     const auto device = DeviceHelper::currentDevice();
     const QString control = QLatin1String(binding.control);
-    const model::Range range = device && device->definesField(control) ? device->limits(control) : binding.field->range;
-    const auto units = currentUnits();
-    const auto kind = static_cast<qint32>(binding.kind());
-    const double shown = units->toDisplay(model::RawScale(range).toPhysical(raw), kind);
-    const bool hasUnit = model::isQuantity(binding.kind());
-    const QString number = QLocale().toString(shown, 'f', hasUnit ? units->decimals(kind) : model::stepDecimals(range));
-    return hasUnit ? number + QLatin1Char(' ') + units->unitName(kind) : number;
+    const bool isDefined = device && &device->family() == &model::ZelvarV1Family && device->definesField(control);
+    return numberText(binding.kind(), isDefined ? model::Range(device->limits(control)) : binding.field->range, raw);
+}
+
+/** Of a field that no control shows. */
+QString valueText(const model::Field &field, qint32 raw)
+{
+    if (field.kind == model::FieldKind::BaudRate)
+        return QString::number(model::nominalBaudRate(raw));
+    if (isSwitch(field))
+        return raw != 0 ? ApplyText::tr("on") : ApplyText::tr("off");
+    if (field.flags.isEmpty())
+        return numberText(field.kind, field.range, raw);
+    QStringList labels;
+    for (const model::Flag &flag : field.flags) {
+        if (quint32(raw) & (1U << flag.bit))
+            labels.append(QCoreApplication::translate("EditView", flag.label));
+    }
+    return labels.isEmpty() ? ApplyText::tr("none") : labels.join(QLatin1String(", "));
 }
 
 QString partText(const QWidget &view, const FieldBinding &binding, quint32 bits)
@@ -83,7 +112,7 @@ QString ApplyText::applied(const session::ApplyReport &report) const
         return tr("applied: the servo had these values already");
     if (report.edited.size() == 1) {
         const session::AppliedField &field = report.edited.front();
-        return tr("applied: %1 %2").arg(caption(*field.field), value(*field.field, field.wanted));
+        return tr("applied: %1 %2").arg(caption(*field.field), bitsText(*field.field, field.wanted));
     }
     return tr("applied: %1 values").arg(report.edited.size());
 }
@@ -92,7 +121,7 @@ QString ApplyText::fields(const std::vector<session::AppliedField> &fields) cons
 {
     QStringList lines;
     for (const session::AppliedField &field : fields)
-        lines.append(caption(*field.field) + QLatin1String(": ") + value(*field.field, field.wanted));
+        lines.append(caption(*field.field) + QLatin1String(": ") + bitsText(*field.field, field.wanted));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -133,15 +162,22 @@ QString ApplyText::captions(const QStringList &controls) const
     return captions.join(QLatin1Char('\n'));
 }
 
-QString ApplyText::value(const model::Field &field, quint32 bits) const
+QString ApplyText::value(const model::Field &field, qint32 raw) const
 {
+    return bitsText(field, model::bitsOf(field, raw));
+}
+
+QString ApplyText::bitsText(const model::Field &field, quint32 bits) const
+{
+    if (!isOwn(field))
+        return valueText(field, model::rawValue(field, bits));
     QStringList parts;
     for (const FieldBinding &binding : fieldBindings(field))
         parts.append(partText(m_view, binding, bits));
-    return parts.isEmpty() ? QString::number(model::rawValue(field, bits)) : parts.join(QLatin1String(", "));
+    return parts.isEmpty() ? valueText(field, model::rawValue(field, bits)) : parts.join(QLatin1String(", "));
 }
 
-QString ApplyText::refusal(quint8 errorByte)
+QString ApplyText::refusal(quint8 errorByte) const
 {
     const quint8 number = errorByte & model::ErrorNumberMask;
     for (const model::Refusal &row : model::Refusals) {
@@ -154,7 +190,7 @@ QString ApplyText::refusal(quint8 errorByte)
 /** As the form has it, where its user knows it from; a field without a control is called as its registers are. */
 QString ApplyText::caption(const model::Field &field) const
 {
-    const auto bindings = fieldBindings(field);
+    const auto bindings = isOwn(field) ? fieldBindings(field) : model::Rows<FieldBinding>();
     const auto *control =
         bindings.isEmpty() ? nullptr : m_view.findChild<QWidget *>(QLatin1String(bindings.begin()->control));
     QString caption = control ? formCaption(m_view, *control).trimmed() : QString();
@@ -185,8 +221,8 @@ QString ApplyText::reason(const session::ApplyReport &report) const
 
 QString ApplyText::row(const session::AppliedField &field) const
 {
-    const QString found = field.found ? value(*field.field, *field.found) : tr("not known");
+    const QString found = field.found ? bitsText(*field.field, *field.found) : tr("not known");
     return QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td></tr>")
-        .arg(caption(*field.field).toHtmlEscaped(), value(*field.field, field.wanted).toHtmlEscaped(),
+        .arg(caption(*field.field).toHtmlEscaped(), bitsText(*field.field, field.wanted).toHtmlEscaped(),
              found.toHtmlEscaped());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/fieldtext.h"
 #include "session/applyreport.h"
 
 #include <QCoreApplication>
@@ -8,8 +9,8 @@
 
 class QWidget;
 
-/** What is told of a block that was applied, in the user's language and units. */
-class ApplyText
+/** What is told of fields and of blocks that were applied, in the user's language and units. */
+class ApplyText : public dialogs::FieldText
 {
     Q_DECLARE_TR_FUNCTIONS(ApplyText)
 
@@ -30,13 +31,13 @@ public:
     /** What the fields of @p controls are called, one a line. */
     QString captions(const QStringList &controls) const;
 
+    QString caption(const model::Field &field) const override;
+    QString value(const model::Field &field, qint32 raw) const override;
+    QString refusal(quint8 errorByte) const override;
     /** What @p bits in the registers of @p field mean, for example "2.499 radians" or "Joint". */
-    QString value(const model::Field &field, quint32 bits) const;
-    /** What a servo means by the error number of @p errorByte, and what to do about it. */
-    static QString refusal(quint8 errorByte);
+    QString bitsText(const model::Field &field, quint32 bits) const;
 
 private:
-    QString caption(const model::Field &field) const;
     QString reason(const session::ApplyReport &report) const;
     QString row(const session::AppliedField &field) const;
 

@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include "app/backups.h"
 #include "app/boxes.h"
 #include "app/linkline.h"
 #include "app/linkreporter.h"
@@ -136,6 +137,7 @@ MainWindow::MainWindow(QWidget *parent, std::shared_ptr<SerialHelper> serialHelp
     setLinkUp(false);
     fillToolBar();
     addLinkLine();
+    addBackups();
     fillMenus();
     makeConnections();
     addAction(QWhatsThis::createAction(this)); // in no menu: Shift+F1 calls it
@@ -147,6 +149,7 @@ MainWindow::~MainWindow()
 {
     m_serialHelper->disconnect(this);
     m_serialHelper->closeSerialPort();
+    m_backups.reset();
     m_plotting.reset();
     m_motor.reset();
     m_reporter.reset();
@@ -320,6 +323,8 @@ void MainWindow::fillMenus()
     m_undo = servo->addAction(tr("&Undo the last Apply"), this, &MainWindow::undoLastApply);
     m_undo->setObjectName(QStringLiteral("actionUndo"));
     servo->addSeparator();
+    m_backups->addTo(*servo);
+    servo->addSeparator();
     servo->addActions({m_ui->actionSearch, m_ui->actionReboot, m_ui->actionReset});
     servo->addSeparator();
     servo->addAction(m_ui->actionSettings);
@@ -356,6 +361,26 @@ void MainWindow::addLinkLine()
     m_motor = std::make_unique<MotorControl>(
         *this, *m_ui->tabWidget, *m_linkLine,
         MotorControl::Link{*m_connection, *m_proof, *m_serialHelper->bus(), *m_registerHelper}, port);
+}
+
+void MainWindow::addBackups()
+{
+    const Backups::Port port{
+        [this] { return m_settingsDialog->portSettings().portName; },
+        [this] {
+            on_actionDisconnect_triggered();
+            stopClosingPort();
+        },
+        [this](int baudRate) {
+            return m_serialHelper->openSerialPort(m_settingsDialog->portSettings().portName, baudRate);
+        },
+        [this](const model::ServoAddress &address) {
+            takeOverAddress(address);
+            on_actionConnect_triggered();
+        },
+    };
+    m_backups =
+        std::make_unique<Backups>(*this, *m_ui->tabWidget, Backups::Link{*m_connection, *m_serialHelper->bus()}, port);
 }
 
 void MainWindow::makeConnections()

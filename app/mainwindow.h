@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+class Backups;
 class LinkLine;
 class LinkReporter;
 class MotorControl;
@@ -62,6 +63,9 @@ public:
     /** The plot pane and the recordings; lives as long as the window. */
     Plotting &plotting() const { return *m_plotting; }
 
+    /** The servo's parameters as files; lives as long as the window. */
+    Backups &backups() const { return *m_backups; }
+
 protected:
     bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -81,6 +85,7 @@ private:
 
     void addViews();
     void bindConnectionMachinery();
+    void addBackups();
     void fillToolBar();
     void fillMenus();
     void addLinkLine();
@@ -128,6 +133,7 @@ private:
     std::unique_ptr<MotorControl> m_motor;
     std::unique_ptr<guide::GuideKey> m_guide;
     std::unique_ptr<Plotting> m_plotting;
+    std::unique_ptr<Backups> m_backups;
     QAction *m_undo = nullptr;    ///< a child
     int m_closeTimerId = 0;       ///< 0 while no close is pending
     bool m_isPortReleased = true; ///< nothing that happens to the port concerns the user

@@ -406,7 +406,7 @@ void MotorControl::writeHold(const model::Field &field, quint32 bits)
 void MotorControl::onHoldWritten(const model::Field &field, quint32 bits, const BusResult &result)
 {
     if (result.outcome == BusResult::Outcome::Refused) {
-        m_line.tell(tr("not held: %1").arg(ApplyText::refusal(result.error)));
+        m_line.tell(tr("not held: %1").arg(m_text.refusal(result.error)));
         return;
     }
     readAgain([this, &field, bits](const QByteArray &registers) { judgeHold(field, bits, registers); });
@@ -421,6 +421,6 @@ void MotorControl::judgeHold(const model::Field &field, quint32 bits, const QByt
     model::RegisterImage image(m_link.connection.family());
     image.take(0, registers, {});
     const quint32 found = image.bits(field).value_or(~bits);
-    m_line.tell(found == bits ? tr("holding: %1").arg(m_text.value(field, bits))
-                              : tr("not held: the servo still has %1").arg(m_text.value(field, found)));
+    m_line.tell(found == bits ? tr("holding: %1").arg(m_text.bitsText(field, bits))
+                              : tr("not held: the servo still has %1").arg(m_text.bitsText(field, found)));
 }

@@ -19,6 +19,8 @@ public:
     virtual QString caption(const model::Field &field) const = 0;
     /** @p raw, a value of @p field, for example "2.499 radians" or "Joint". */
     virtual QString value(const model::Field &field, qint32 raw) const = 0;
+    /** What a servo means by the error number of @p errorByte, and what to do about it. */
+    virtual QString refusal(quint8 errorByte) const = 0;
 };
 
 } // namespace dialogs

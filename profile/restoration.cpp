@@ -89,7 +89,9 @@ void Restoration::ask(const BusRequest &request, Step next)
             return;
         if (result.outcome == Outcome::PortLost)
             self->end(Obstacle::PortLost);
-        else if (result.outcome == Outcome::Withdrawn || self->m_isStopped)
+        else if (result.outcome == Outcome::Withdrawn)
+            self->end(Obstacle::PortTaken);
+        else if (self->m_isStopped)
             self->end(Obstacle::Stopped);
         else
             self->repeatOrGoOn(request, next, result);

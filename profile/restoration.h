@@ -24,7 +24,8 @@ enum class Obstacle {
     Unreadable,   ///< the servo could not be read any more with the status return level that it is to get
     AddressTaken, ///< another servo is where this one is to go
     PortLost,     ///< or the port could not be opened
-    Stopped,      ///< by stop(), or because somebody has closed the port
+    PortTaken,    ///< somebody else has closed it, or opened it anew
+    Stopped,      ///< by stop()
 };
 
 /** What has become of a field that was compared. */

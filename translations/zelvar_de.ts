@@ -103,6 +103,121 @@
         <source>changed and not applied before the connection ended: %1</source>
         <translation>geändert und nicht angewendet, bevor die Verbindung endete: %1</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+</context>
+<context>
+    <name>Backups</name>
+    <message>
+        <source>Nothing was written: the servo refuses to be read.</source>
+        <translation>Nichts wurde geschrieben: Der Servo lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: by now another servo answers, of another model.</source>
+        <translation>Nichts wurde geschrieben: Inzwischen antwortet ein anderer Servo, von einem anderen Modell.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the motor is on.</source>
+        <translation>Nichts wurde geschrieben: Der Motor ist eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: the motor could not be switched off.</source>
+        <translation>Nichts wurde wiederhergestellt: Der Motor ließ sich nicht ausschalten.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the servo&apos;s lock is on, so that it keeps its parameters. Switch its supply off and on.</source>
+        <translation>Nichts wurde geschrieben: Die Sperre des Servos ist gesetzt, sodass er seine Parameter behält. Schalten Sie seine Versorgung aus und wieder ein.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: with the status return level 0 the servo could not be read any more, so that nothing would be proved.</source>
+        <translation>Nichts wurde geschrieben: Mit der Antwortstufe 0 ließe sich der Servo nicht mehr lesen, sodass nichts bewiesen wäre.</translation>
+    </message>
+    <message>
+        <source>&amp;Back up…</source>
+        <translation>S&amp;ichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Compare with…</source>
+        <translation>&amp;Vergleichen mit…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Connect to a servo first.</source>
+        <translation>Verbinden Sie zuerst einen Servo.</translation>
+    </message>
+    <message>
+        <source>The servo does not answer any more.</source>
+        <translation>Der Servo antwortet nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Back up</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Not backed up</source>
+        <translation>Nicht gesichert</translation>
+    </message>
+    <message>
+        <source>Compare with</source>
+        <translation>Vergleichen mit</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Not opened</source>
+        <translation>Nicht geöffnet</translation>
+    </message>
+    <message>
+        <source>Servo %1 on %2</source>
+        <translation>Servo %1 an %2</translation>
+    </message>
+    <message>
+        <source>These are the parameters of servo %1.</source>
+        <translation>Das sind die Parameter von Servo %1.</translation>
+    </message>
+    <message>
+        <source>They are from firmware %1, but the servo has firmware %2.</source>
+        <translation>Sie stammen von Firmware %1, der Servo hat aber Firmware %2.</translation>
+    </message>
+    <message>
+        <source>Another model</source>
+        <translation>Ein anderes Modell</translation>
+    </message>
+    <message>
+        <source>%1 has the parameters of a %2, model %3. The servo is a %4, model %5.</source>
+        <translation>%1 enthält die Parameter eines %2, Modell %3. Der Servo ist ein %4, Modell %5.</translation>
+    </message>
+    <message>
+        <source>What was written is not proved; the same restore again does the rest.</source>
+        <translation>Was geschrieben wurde, ist nicht bewiesen; noch einmal wiederherzustellen erledigt den Rest.</translation>
+    </message>
+    <message>
+        <source>Nothing was written.</source>
+        <translation>Nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: another servo has the id %1 at %2 baud. Give that one another id first.</source>
+        <translation>Nichts wurde geschrieben: Ein anderer Servo hat die Id %1 bei %2 Baud. Geben Sie erst diesem eine andere Id.</translation>
+    </message>
+    <message>
+        <source>The servo does not answer.</source>
+        <translation>Der Servo antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The port was lost.</source>
+        <translation>Die Schnittstelle ging verloren.</translation>
+    </message>
+    <message>
+        <source>Stopped.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -1685,6 +1800,132 @@
     <message>
         <source>Debug 4</source>
         <translation>Debug 4</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::ComparisonDialog</name>
+    <message>
+        <source>Only &amp;differences</source>
+        <translation>Nur &amp;Unterschiede</translation>
+    </message>
+    <message>
+        <source>Switch the &amp;motor off first, which frees the shaft: what it carries may fall</source>
+        <translation>Zuerst den &amp;Motor ausschalten, was die Welle freigibt: Was sie trägt, kann fallen</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>%1, compared with %2</source>
+        <translation>%1, verglichen mit %2</translation>
+    </message>
+    <message>
+        <source>What is ticked gets the file&apos;s values. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
+        <translation>Was angekreuzt ist, bekommt die Werte der Datei. Id, Baudrate und Nullpunktversatz gehören zu einem einzelnen Servo: Sie bleiben, wie sie sind, wenn Sie sie nicht ankreuzen.</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Felder</translation>
+    </message>
+    <message>
+        <source>&amp;Copy as text</source>
+        <translation>Als Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>%1 fields compared, %2 equal, %3 different</source>
+        <translation>%1 Felder verglichen, %2 gleich, %3 verschieden</translation>
+    </message>
+    <message>
+        <source>%1; %2 ticked</source>
+        <translation>%1; %2 angekreuzt</translation>
+    </message>
+    <message>
+        <source>Writing and reading back …</source>
+        <translation>Schreiben und Zurücklesen …</translation>
+    </message>
+    <message>
+        <source>%1 fields compared, %2 equal, %3 written, %4 refused, %5 left out</source>
+        <translation>%1 Felder verglichen, %2 gleich, %3 geschrieben, %4 abgelehnt, %5 ausgelassen</translation>
+    </message>
+    <message>
+        <source>Restored and read back: %1.</source>
+        <translation>Wiederhergestellt und zurückgelesen: %1.</translation>
+    </message>
+    <message>
+        <source>Not all is as it was to be: %1.</source>
+        <translation>Nicht alles ist, wie es sein sollte: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::ComparisonModel</name>
+    <message>
+        <source>%1, register %2</source>
+        <translation>%1, Register %2</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>The servo had</source>
+        <translation>Der Servo hatte</translation>
+    </message>
+    <message>
+        <source>The servo has</source>
+        <translation>Der Servo hat</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>%1 (raw %2)</source>
+        <translation>%1 (roh %2)</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>ausgelassen</translation>
+    </message>
+    <message>
+        <source>restored</source>
+        <translation>wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>refused (%1); it has %2</source>
+        <translation>abgelehnt (%1); er hat %2</translation>
+    </message>
+    <message>
+        <source>not written, since not all before it was taken</source>
+        <translation>nicht geschrieben, da nicht alles davor angenommen wurde</translation>
+    </message>
+    <message>
+        <source>not kept; it has %1</source>
+        <translation>nicht behalten; er hat %1</translation>
     </message>
 </context>
 <context>

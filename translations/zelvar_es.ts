@@ -103,6 +103,121 @@
         <source>changed and not applied before the connection ended: %1</source>
         <translation>cambiado y no aplicado antes de terminar la conexión: %1</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>ninguno</translation>
+    </message>
+</context>
+<context>
+    <name>Backups</name>
+    <message>
+        <source>Nothing was written: the servo refuses to be read.</source>
+        <translation>No se ha escrito nada: el servo rechaza la lectura.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: by now another servo answers, of another model.</source>
+        <translation>No se ha escrito nada: ahora responde otro servo, de otro modelo.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the motor is on.</source>
+        <translation>No se ha escrito nada: el motor está encendido.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: the motor could not be switched off.</source>
+        <translation>No se ha restaurado nada: no se ha podido apagar el motor.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the servo&apos;s lock is on, so that it keeps its parameters. Switch its supply off and on.</source>
+        <translation>No se ha escrito nada: el bloqueo del servo está activado, por lo que conserva sus parámetros. Apague y encienda su alimentación.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: with the status return level 0 the servo could not be read any more, so that nothing would be proved.</source>
+        <translation>No se ha escrito nada: con el nivel de respuesta 0 el servo ya no se podría leer, así que nada quedaría comprobado.</translation>
+    </message>
+    <message>
+        <source>&amp;Back up…</source>
+        <translation>&amp;Guardar copia…</translation>
+    </message>
+    <message>
+        <source>&amp;Compare with…</source>
+        <translation>&amp;Comparar con…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Restaurar…</translation>
+    </message>
+    <message>
+        <source>Connect to a servo first.</source>
+        <translation>Conecte primero un servo.</translation>
+    </message>
+    <message>
+        <source>The servo does not answer any more.</source>
+        <translation>El servo ya no responde.</translation>
+    </message>
+    <message>
+        <source>Back up</source>
+        <translation>Guardar copia</translation>
+    </message>
+    <message>
+        <source>Not backed up</source>
+        <translation>Copia no guardada</translation>
+    </message>
+    <message>
+        <source>Compare with</source>
+        <translation>Comparar con</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restaurar</translation>
+    </message>
+    <message>
+        <source>Not opened</source>
+        <translation>No abierto</translation>
+    </message>
+    <message>
+        <source>Servo %1 on %2</source>
+        <translation>Servo %1 en %2</translation>
+    </message>
+    <message>
+        <source>These are the parameters of servo %1.</source>
+        <translation>Son los parámetros del servo %1.</translation>
+    </message>
+    <message>
+        <source>They are from firmware %1, but the servo has firmware %2.</source>
+        <translation>Son del firmware %1, pero el servo tiene el firmware %2.</translation>
+    </message>
+    <message>
+        <source>Another model</source>
+        <translation>Otro modelo</translation>
+    </message>
+    <message>
+        <source>%1 has the parameters of a %2, model %3. The servo is a %4, model %5.</source>
+        <translation>%1 tiene los parámetros de un %2, modelo %3. El servo es un %4, modelo %5.</translation>
+    </message>
+    <message>
+        <source>What was written is not proved; the same restore again does the rest.</source>
+        <translation>Lo escrito no está comprobado; la misma restauración otra vez hace el resto.</translation>
+    </message>
+    <message>
+        <source>Nothing was written.</source>
+        <translation>No se ha escrito nada.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: another servo has the id %1 at %2 baud. Give that one another id first.</source>
+        <translation>No se ha escrito nada: otro servo tiene el id %1 a %2 baudios. Dé primero otro id a ese.</translation>
+    </message>
+    <message>
+        <source>The servo does not answer.</source>
+        <translation>El servo no responde.</translation>
+    </message>
+    <message>
+        <source>The port was lost.</source>
+        <translation>Se ha perdido el puerto.</translation>
+    </message>
+    <message>
+        <source>Stopped.</source>
+        <translation>Detenido.</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -1685,6 +1800,132 @@
     <message>
         <source>Debug 4</source>
         <translation>Depur. 4</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::ComparisonDialog</name>
+    <message>
+        <source>Only &amp;differences</source>
+        <translation>Solo las &amp;diferencias</translation>
+    </message>
+    <message>
+        <source>Switch the &amp;motor off first, which frees the shaft: what it carries may fall</source>
+        <translation>Apagar antes el &amp;motor, lo que libera el eje: lo que sostiene puede caer</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restaurar</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparar</translation>
+    </message>
+    <message>
+        <source>%1, compared with %2</source>
+        <translation>%1, comparado con %2</translation>
+    </message>
+    <message>
+        <source>What is ticked gets the file&apos;s values. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
+        <translation>Lo marcado recibe los valores del archivo. Id, velocidad en baudios y desfase del origen son de un solo servo: se omiten si no los marca.</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>Campos</translation>
+    </message>
+    <message>
+        <source>&amp;Copy as text</source>
+        <translation>&amp;Copiar como texto</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Restaurar</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Restaurar…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Detener</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>%1 fields compared, %2 equal, %3 different</source>
+        <translation>%1 campos comparados, %2 iguales, %3 diferentes</translation>
+    </message>
+    <message>
+        <source>%1; %2 ticked</source>
+        <translation>%1; %2 marcados</translation>
+    </message>
+    <message>
+        <source>Writing and reading back …</source>
+        <translation>Escribiendo y releyendo …</translation>
+    </message>
+    <message>
+        <source>%1 fields compared, %2 equal, %3 written, %4 refused, %5 left out</source>
+        <translation>%1 campos comparados, %2 iguales, %3 escritos, %4 rechazados, %5 omitidos</translation>
+    </message>
+    <message>
+        <source>Restored and read back: %1.</source>
+        <translation>Restaurado y releído: %1.</translation>
+    </message>
+    <message>
+        <source>Not all is as it was to be: %1.</source>
+        <translation>No todo está como debía: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::ComparisonModel</name>
+    <message>
+        <source>%1, register %2</source>
+        <translation>%1, registro %2</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Campo</translation>
+    </message>
+    <message>
+        <source>The servo had</source>
+        <translation>El servo tenía</translation>
+    </message>
+    <message>
+        <source>The servo has</source>
+        <translation>El servo tiene</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Resultado</translation>
+    </message>
+    <message>
+        <source>%1 (raw %2)</source>
+        <translation>%1 (valor bruto %2)</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>omitido</translation>
+    </message>
+    <message>
+        <source>restored</source>
+        <translation>restaurado</translation>
+    </message>
+    <message>
+        <source>refused (%1); it has %2</source>
+        <translation>rechazado (%1); tiene %2</translation>
+    </message>
+    <message>
+        <source>not written, since not all before it was taken</source>
+        <translation>no escrito, porque no todo lo anterior fue aceptado</translation>
+    </message>
+    <message>
+        <source>not kept; it has %1</source>
+        <translation>no conservado; tiene %1</translation>
     </message>
 </context>
 <context>

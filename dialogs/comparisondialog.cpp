@@ -1,0 +1,291 @@
+#include "dialogs/comparisondialog.h"
+
+#include "dialogs/comparisonmodel.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QSortFilterProxyModel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace dialogs {
+
+namespace {
+
+constexpr int LeastRows = 6;        ///< that the table has room for
+constexpr int MostRows = 20;        ///< that the dialog makes room for at first
+constexpr int LeastColumns = 80;    ///< characters that the dialog is wide
+constexpr double ScreenShare = 0.9; ///< of the screen that it takes at most
+
+QLabel *makeLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+} // namespace
+
+/** Lets rows through that are different, or all. */
+class DifferenceFilter : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    void setOnlyDifferences(bool isOn)
+    {
+        m_isOn = isOn;
+        invalidateFilter();
+    }
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override
+    {
+        return !m_isOn || sourceModel()->index(row, 0, parent).data(ComparisonModel::DifferentRole).toBool();
+    }
+
+private:
+    bool m_isOn = true;
+};
+
+ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpose purpose, QWidget *parent)
+    : QDialog(parent), m_subject(std::move(subject)), m_purpose(purpose),
+      m_model(new ComparisonModel(text, purpose == Purpose::Restore, this)), m_filter(new DifferenceFilter(this)),
+      m_table(new QTableView(this)), m_statement(makeLabel({}, this)),
+      m_onlyDifferences(new QCheckBox(tr("Only &differences"), this)),
+      m_stopMotor(
+          new QCheckBox(tr("Switch the &motor off first, which frees the shaft: what it carries may fall"), this))
+{
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    const bool isRestore = purpose == Purpose::Restore;
+    setWindowTitle(isRestore ? tr("Restore") : tr("Compare"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeLabel(tr("%1, compared with %2").arg(m_subject.servoName, m_subject.fileName), this));
+    for (const QString &note : m_subject.notes)
+        layout->addWidget(makeLabel(note, this));
+    if (isRestore)
+        layout->addWidget(makeLabel(tr("What is ticked gets the file's values. Id, baud rate and home position offset "
+                                       "belong to one servo: they are left out unless you tick them."),
+                                    this));
+    layout->addWidget(m_onlyDifferences);
+    makeTable();
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_stopMotor);
+    layout->addWidget(m_statement);
+    makeButtons();
+    m_stopMotor->hide();
+    m_stopMotor->setObjectName(QStringLiteral("stopMotorCheckBox"));
+    m_statement->setObjectName(QStringLiteral("statementLabel"));
+    m_model->compare(m_subject.servo, m_subject.file);
+    connect(m_model, &ComparisonModel::chosenChanged, this, &ComparisonDialog::refresh);
+    connect(m_stopMotor, &QCheckBox::toggled, this, &ComparisonDialog::refresh);
+    refresh();
+    resize(0, 0);
+    fit();
+}
+
+ComparisonDialog::~ComparisonDialog() = default;
+
+void ComparisonDialog::makeTable()
+{
+    m_filter->setSourceModel(m_model);
+    m_onlyDifferences->setChecked(true);
+    m_onlyDifferences->setObjectName(QStringLiteral("onlyDifferencesCheckBox"));
+    connect(m_onlyDifferences, &QCheckBox::toggled, m_filter, &DifferenceFilter::setOnlyDifferences);
+
+    m_table->setObjectName(QStringLiteral("comparisonTable"));
+    m_table->setAccessibleName(tr("Fields"));
+    m_table->setModel(m_filter);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setAlternatingRowColors(true);
+    m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + fontMetrics().height() / 2);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setHighlightSections(false);
+
+    auto *copyAction = new QAction(tr("&Copy as text"), m_table);
+    copyAction->setShortcut(QKeySequence::Copy);
+    copyAction->setShortcutContext(Qt::WidgetShortcut);
+    connect(copyAction, &QAction::triggered, this, &ComparisonDialog::copy);
+    m_table->addAction(copyAction);
+    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void ComparisonDialog::makeButtons()
+{
+    auto *buttons = new QDialogButtonBox(this);
+    m_close = buttons->addButton(QDialogButtonBox::Close);
+    QPushButton *copyButton = buttons->addButton(tr("&Copy as text"), QDialogButtonBox::ActionRole);
+    connect(copyButton, &QPushButton::clicked, this, &ComparisonDialog::copy);
+    const bool isRestore = m_purpose == Purpose::Restore;
+    m_restore = buttons->addButton(isRestore ? tr("&Restore") : tr("&Restore…"), QDialogButtonBox::ActionRole);
+    m_restore->setObjectName(QStringLiteral("restoreButton"));
+    connect(m_restore, &QPushButton::clicked, this, &ComparisonDialog::onRestore);
+    // Return must not write by the way.
+    for (QPushButton *button : {m_restore, copyButton})
+        button->setAutoDefault(false);
+    m_close->setDefault(true);
+    connect(buttons, &QDialogButtonBox::rejected, this, &ComparisonDialog::reject);
+    layout()->addWidget(buttons);
+}
+
+/** Makes the dialog as large as what there is to show, as far as the screen goes; never smaller than it is. */
+void ComparisonDialog::fit()
+{
+    const int lineHeight = m_table->verticalHeader()->defaultSectionSize();
+    const auto heightWith = [&](int rows, int width) {
+        m_table->setMinimumHeight(m_table->horizontalHeader()->sizeHint().height() + rows * lineHeight + 4);
+        return layout()->totalHeightForWidth(width);
+    };
+    QHeaderView &header = *m_table->horizontalHeader();
+    header.setStretchLastSection(false);
+    m_table->resizeColumnsToContents();
+    const int columns = header.length();
+    header.setStretchLastSection(true);
+    const QSize screenSize = screen()->availableSize() * ScreenShare;
+    const int leastWidth = LeastColumns * fontMetrics().averageCharWidth();
+    const int width = qBound(leastWidth, columns + 2 * lineHeight, screenSize.width());
+    const int height = heightWith(qBound(LeastRows, m_filter->rowCount(), MostRows), width);
+    setMinimumSize(QSize(leastWidth, heightWith(LeastRows, leastWidth)).boundedTo(screenSize));
+    resize(QSize(width, height).boundedTo(screenSize).expandedTo(size()));
+}
+
+void ComparisonDialog::chooseAddress()
+{
+    m_model->setAddressChosen(true);
+}
+
+void ComparisonDialog::setMotorOn(bool isOn)
+{
+    m_isMotorOn = isOn;
+    m_stopMotor->setVisible(isOn && m_purpose == Purpose::Restore);
+    refresh();
+}
+
+void ComparisonDialog::setHindrance(const QString &reason)
+{
+    m_hindrance = reason;
+    refresh();
+}
+
+void ComparisonDialog::refresh()
+{
+    const bool isRestore = m_purpose == Purpose::Restore;
+    const bool hasFields = isRestore ? !m_model->chosenFields().empty() : m_model->differenceCount() > 0;
+    const bool mayWrite = !isRestore || !m_isMotorOn || m_stopMotor->isChecked();
+    m_restore->setEnabled(hasFields && mayWrite && !m_isRunning && !m_isDone && m_hindrance.isEmpty());
+    m_restore->setToolTip(m_hindrance);
+    m_table->setEnabled(!m_isRunning);
+    m_stopMotor->setEnabled(!m_isRunning);
+    m_close->setText(m_isRunning ? tr("Stop") : tr("Close"));
+    if (!m_isRunning && !m_isDone)
+        m_statement->setText(m_hindrance.isEmpty() ? countText() : m_hindrance);
+}
+
+QString ComparisonDialog::countText() const
+{
+    const int all = m_model->rowCount();
+    const int different = m_model->differenceCount();
+    const QString counts =
+        tr("%1 fields compared, %2 equal, %3 different").arg(all).arg(all - different).arg(different);
+    if (m_purpose == Purpose::Compare || different == 0)
+        return counts;
+    return tr("%1; %2 ticked").arg(counts).arg(m_model->chosenFields().size());
+}
+
+void ComparisonDialog::onRestore()
+{
+    if (m_purpose == Purpose::Restore)
+        Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked()});
+    else
+        Q_EMIT restoreOfferWanted();
+}
+
+void ComparisonDialog::showBegun()
+{
+    m_isRunning = true;
+    m_statement->setText(tr("Writing and reading back …"));
+    refresh();
+}
+
+void ComparisonDialog::showReport(const profile::RestoreReport &report, const QString &obstacle)
+{
+    m_isRunning = false;
+    m_isDone = report.obstacle == profile::Obstacle::None;
+    const int leftOut = m_model->differenceCount() - int(report.fields.size());
+    if (m_isDone)
+        m_model->showReport(report);
+    m_stopMotor->setVisible(m_isMotorOn && !m_isDone);
+    refresh();
+    m_statement->setText(m_isDone ? resultText(report, leftOut) : obstacle);
+    fit();
+    m_close->setFocus();
+}
+
+/** The word "restored" only when all that was wanted is. */
+QString ComparisonDialog::resultText(const profile::RestoreReport &report, int leftOut) const
+{
+    const int refused = report.refusedCount();
+    const int written = report.count(profile::RestoredField::Fate::Written);
+    const int all = m_model->rowCount();
+    const QString counts = tr("%1 fields compared, %2 equal, %3 written, %4 refused, %5 left out")
+                               .arg(all)
+                               .arg(all - written - refused - leftOut)
+                               .arg(written)
+                               .arg(refused)
+                               .arg(leftOut);
+    return (report.isRestored() ? tr("Restored and read back: %1.") : tr("Not all is as it was to be: %1."))
+        .arg(counts);
+}
+
+QString ComparisonDialog::asText() const
+{
+    const QModelIndexList selected = m_table->selectionModel()->selectedRows();
+    const auto isWanted = [&](int row) {
+        const auto isIt = [row](const QModelIndex &index) { return index.row() == row; };
+        return selected.isEmpty() || std::any_of(selected.begin(), selected.end(), isIt);
+    };
+    const auto lineOf = [this](const auto &cell) {
+        QStringList cells;
+        for (int column = 0; column < m_filter->columnCount(); ++column)
+            cells.append(cell(column).toString());
+        return cells.join(QLatin1Char('\t'));
+    };
+    QStringList lines{lineOf([this](int column) { return m_filter->headerData(column, Qt::Horizontal); })};
+    for (int row = 0; row < m_filter->rowCount(); ++row) {
+        if (isWanted(row))
+            lines.append(lineOf([&](int column) { return m_filter->index(row, column).data(); }));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void ComparisonDialog::copy() const
+{
+    QGuiApplication::clipboard()->setText(asText());
+}
+
+/** A restore that runs is told to stop; the dialog stays until that has ended. */
+void ComparisonDialog::reject()
+{
+    if (m_isRunning)
+        Q_EMIT stopWanted();
+    else
+        QDialog::reject();
+}
+
+} // namespace dialogs

@@ -68,6 +68,7 @@ ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpo
       m_stopMotor(
           new QCheckBox(tr("Switch the &motor off first, which frees the shaft: what it carries may fall"), this))
 {
+    setObjectName(QStringLiteral("comparisonDialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     const bool isRestore = purpose == Purpose::Restore;
     setWindowTitle(isRestore ? tr("Restore") : tr("Compare"));

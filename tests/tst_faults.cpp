@@ -1,6 +1,7 @@
 // Every fault of the line against everything that the program does with it: nothing crashes, hangs or warns, nothing is
 // shown that was never in the servo, and what was applied gets there, in its order.
 
+#include "app/backups.h"
 #include "link/processwide.h"
 #include "search/searchdialog.h"
 #include "tests/support/desk.h"
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int ServoId = 3;
 constexpr int TargetPosition = 78;         // register
+constexpr int AccelerationLimitRow = 18;   // in "Non-volatile bank 1"
 constexpr int TargetPositionRow = 16;      // in "Volatile bank 1"
 constexpr int RestingRow = 17;             // "Debug 2" in "Volatile bank 2": whether the servo is at rest
 constexpr int ErrorRow = 18;               // "Debug 3" in "Volatile bank 2": how far away the target is
@@ -107,6 +109,35 @@ class TestFaults : public QObject
             QTRY_COMPARE(desk.targetPosition(), QString("0x2c0x010x000x00"));
     }
 
+    /** The word "restored" is said when the servo has it all, and nothing is said to be proved that is not. */
+    static void restore(WatchedDesk &desk, bool mustWork)
+    {
+        if (!desk.connectToServo())
+            return;
+        auto *action = desk.find<QAction>("actionRestore");
+        if (!QTest::qWaitFor([action] { return action->isEnabled(); }, 1000))
+            return; // it was never polled
+        QTemporaryDir folder;
+        QFile file(folder.filePath("slow.zservo"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(R"({"format": "zelvar-servo-parameters", "version": 1, "model": 258, "partial": true,)"
+                   R"("fields": {"acceleration_limit": {"raw": 5000}}})");
+        file.close();
+        desk.window->backups().open(file.fileName(), dialogs::ComparisonDialog::Purpose::Restore);
+        auto *dialog = desk.find<dialogs::ComparisonDialog>("comparisonDialog");
+        dialog->findChild<QPushButton *>("restoreButton")->click();
+        const auto *statement = dialog->findChild<QLabel *>("statementLabel");
+        QTRY_VERIFY_WITH_TIMEOUT(!statement->text().startsWith("Writing"), 20000);
+        const bool isRestored = statement->text().startsWith("Restored");
+        QVERIFY2(isRestored || !mustWork, qPrintable(statement->text()));
+        QVERIFY2(isRestored || statement->text().contains("rest") || statement->text().contains("Nothing"),
+                 qPrintable(statement->text()));
+        dialog->reject();
+        if (mustWork)
+            QTRY_COMPARE(desk.cell(Tables[0], AccelerationLimitRow) + desk.cell(Tables[0], AccelerationLimitRow + 1),
+                         QString("0x880x13"));
+    }
+
     static void rebootAndReset(WatchedDesk &desk, bool)
     {
         const std::pair<const char *, const char *> steps[] = {
@@ -164,6 +195,8 @@ private Q_SLOTS:
             for (int row = 0; row < desk.find<QTableWidget>(table)->rowCount(); ++row)
                 m_allowed[cellName(table, row)].insert(desk.cell(table, row));
         }
+        m_allowed[cellName(Tables[0], AccelerationLimitRow)].insert("0x88");
+        m_allowed[cellName(Tables[0], AccelerationLimitRow + 1)].insert("0x13");
         m_allowed[cellName(Tables[3], RestingRow)] = {"0x00", "0x01"};
         for (const int target : Targets) {
             for (int byte = 0; byte < 4; ++byte)
@@ -181,12 +214,11 @@ private Q_SLOTS:
         QTest::addColumn<Operation>("operation");
         const char *const faults[] = {"drop=0.4",  "corrupt=0.4", "truncate=0.4", "garbage=0.5",  "delay=45",
                                       "delay=100", "chunk",       "echo",         "mute-after=2", "vanish-after=2"};
-        const std::pair<const char *, Operation> operations[] = {{"poll", poll},
-                                                                 {"write", write},
-                                                                 {"reboot, reset", rebootAndReset},
-                                                                 {"scan", scan},
-                                                                 {"disconnect", disconnectInBetween},
-                                                                 {"close", closeInBetween}};
+        const std::pair<const char *, Operation> operations[] = {
+            {"poll", poll},           {"write", write},
+            {"restore", restore},     {"reboot, reset", rebootAndReset},
+            {"scan", scan},           {"disconnect", disconnectInBetween},
+            {"close", closeInBetween}};
         for (const char *fault : faults) {
             for (const auto &[name, operation] : operations)
                 QTest::addRow("%s while %s", fault, name) << QString(fault) << operation;

@@ -113,8 +113,7 @@ void HistoryDialog::layOut()
     caption->setBuddy(m_servos);
     auto *chooser = new QHBoxLayout;
     chooser->addWidget(caption);
-    chooser->addWidget(m_servos);
-    chooser->addStretch();
+    chooser->addWidget(m_servos, 1);
     auto *buttons = new QDialogButtonBox(this);
     for (QPushButton *button : {m_compare, m_restore, m_save})
         buttons->addButton(button, QDialogButtonBox::ActionRole);

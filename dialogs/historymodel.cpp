@@ -28,7 +28,7 @@ QString withoutUnitOf(const QString &other, const QString &value)
 {
     const int blank = value.lastIndexOf(QLatin1Char(' '));
     const bool isNumber = !value.isEmpty() && !value[0].isLetter();
-    return isNumber && blank > 0 && other.endsWith(value.mid(blank)) ? value.left(blank) : value;
+    return isNumber && blank > 0 && other.endsWith(value.midRef(blank)) ? value.left(blank) : value;
 }
 
 } // namespace

@@ -248,7 +248,7 @@ QString History::setNote(const HistoryEntry &entry, const QString &key, const QJ
 {
     const QString folder = folderOf(entry.servo);
     QLockFile lock(lockPath(m_folder));
-    const QString locked = lockError(lock, m_folder);
+    QString locked = lockError(lock, m_folder);
     if (!locked.isEmpty())
         return locked;
     const Notes notes = readNotes(folder);

@@ -199,7 +199,7 @@ void Reader::readFields()
         if (entries.contains(key))
             m_profile.values.push_back({field, readField(*field, entries.value(key).toObject(), keptRaw(*field))});
         else if (!m_profile.isPartial)
-            reject(Fields, Text::tr("\"%1\" is missing; a file of some fields says \"partial\": true").arg(key));
+            reject(Fields, Text::tr(R"("%1" is missing; a file of some fields says "partial": true)").arg(key));
     }
 }
 
@@ -226,12 +226,12 @@ qint32 Reader::readField(const model::Field &field, const QJsonObject &entry, st
     }
     const std::optional<qint32> value = readValue(field, entry, kept);
     if (!raw && !value)
-        reject(path, Text::tr("\"%1\" has neither \"raw\" nor \"value\"").arg(QLatin1String(field.key)));
+        reject(path, Text::tr(R"("%1" has neither "raw" nor "value")").arg(QLatin1String(field.key)));
 
     const bool isRawEdited = raw && raw != kept;
     const bool isValueEdited = value && value != kept;
     if (isRawEdited && isValueEdited && raw != value)
-        reject(path, Text::tr("\"raw\" and \"value\" disagree, and neither is what the servo had; remove one"));
+        reject(path, Text::tr(R"("raw" and "value" disagree, and neither is what the servo had; remove one)"));
     if (!isRawEdited && !isValueEdited)
         return *kept;
     const qint32 edited = isRawEdited ? *raw : *value;

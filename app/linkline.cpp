@@ -1,8 +1,8 @@
 #include "app/linkline.h"
 
 #include "app/elidedlabel.h"
+#include "app/linelayout.h"
 
-#include <QHBoxLayout>
 #include <QToolButton>
 
 #include <initializer_list>
@@ -21,27 +21,39 @@ void fill(QLabel &label, const QString &text, const QString &tip)
 
 LinkLine::LinkLine(QWidget *parent)
     : QWidget(parent), m_servo(new ElidedLabel(this)), m_fault(new ElidedLabel(this)), m_event(new ElidedLabel(this)),
-      m_quality(new ElidedLabel(this)), m_recording(new QLabel(this)), m_motor(new QLabel(this)),
-      m_stop(new QToolButton(this)), m_help(new QToolButton(this))
+      m_offer(new QToolButton(this)), m_quality(new ElidedLabel(this)), m_unkept(new ElidedLabel(this)),
+      m_recording(new QLabel(this)), m_motor(new QLabel(this)), m_stop(new QToolButton(this)),
+      m_help(new QToolButton(this))
 {
     setObjectName(QStringLiteral("linkLine"));
     m_servo->setObjectName(QStringLiteral("linkServoLabel"));
     m_fault->setObjectName(QStringLiteral("linkFaultLabel"));
     m_event->setObjectName(QStringLiteral("linkEventLabel"));
+    m_offer->setObjectName(QStringLiteral("linkOfferButton"));
     m_quality->setObjectName(QStringLiteral("linkQualityLabel"));
+    m_unkept->setObjectName(QStringLiteral("linkUnkeptLabel"));
     m_recording->setObjectName(QStringLiteral("linkRecordingLabel"));
     m_motor->setObjectName(QStringLiteral("linkMotorLabel"));
     m_stop->setObjectName(QStringLiteral("stopMotorButton"));
     m_fault->setStyleSheet(QStringLiteral("color: #a00000; font-weight: bold;"));
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new LineLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * fontMetrics().averageCharWidth());
     layout->setSizeConstraint(QLayout::SetMinimumSize); // the stop button is never squeezed
-    for (QLabel *label : std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_recording, m_motor}) {
+    for (QLabel *label :
+         std::initializer_list<QLabel *>{m_servo, m_fault, m_event, m_quality, m_unkept, m_recording, m_motor}) {
         label->setTextFormat(Qt::PlainText);
         label->hide();
         layout->addWidget(label);
     }
+    layout->insertWidget(layout->indexOf(m_event) + 1, m_offer);
+    m_offer->setAccessibleName(tr("Offer")); // while there is none
+    m_offer->setFocusPolicy(Qt::TabFocus);
+    m_offer->setStyleSheet(
+        QStringLiteral("QToolButton { border: 1px solid palette(mid); border-radius: 3px; padding: 0 "
+                       "6px; } QToolButton:focus, QToolButton:hover { border-color: palette(text); }"));
+    m_offer->hide();
+    connect(m_offer, &QToolButton::clicked, this, &LinkLine::offerAccepted);
     m_stop->setText(tr("Stop motor (F8)"));
     m_stop->setToolTip(tr("Switches the motor off at once. That frees the shaft: what it carries may fall."));
     m_stop->setFocusPolicy(Qt::TabFocus);
@@ -74,6 +86,21 @@ void LinkLine::showFault(const QString &text, const QString &tip)
 void LinkLine::tell(const QString &text, const QString &tip)
 {
     fill(*m_event, text, tip);
+    m_offer->hide();
+}
+
+void LinkLine::offer(const QString &text, const QString &tip, const QString &actionText)
+{
+    tell(text, tip);
+    m_offer->setText(actionText);
+    m_offer->setAccessibleName(actionText + QLatin1String(": ") + text);
+    m_offer->setToolTip(tip);
+    m_offer->show();
+}
+
+void LinkLine::showUnkept(const QString &text, const QString &tip)
+{
+    fill(*m_unkept, text, tip);
 }
 
 void LinkLine::showRecording(const QString &text, const QString &tip)

@@ -26,10 +26,15 @@ public:
     void showFault(const QString &text, const QString &tip = {});
     /** The latest event; stays until the next one. @param tip all of it, where @p text tells only how much. */
     void tell(const QString &text, const QString &tip = {});
+    /** As tell(), with a button called @p actionText beside it until the next event. */
+    void offer(const QString &text, const QString &tip, const QString &actionText);
     /** @param text empty while the link is good. @param tip figures. */
     void showQuality(const QString &text, const QString &tip);
     /** @param text of a recording that is running; empty without one. @param tip its file. */
     void showRecording(const QString &text, const QString &tip);
+    /** @param text of what a restart of the servo would lose; empty when it would lose nothing. @param tip all of it.
+     */
+    void showUnkept(const QString &text, const QString &tip);
     /** What is known of the motor, for example "motor on". */
     void showMotor(const QString &text);
 
@@ -37,6 +42,8 @@ public:
     QAbstractButton &stopButton() const;
 
 Q_SIGNALS:
+    /** The button beside the latest event was pressed. */
+    void offerAccepted();
     /** The user guide is wanted. */
     void helpRequested();
 
@@ -44,7 +51,9 @@ private:
     ElidedLabel *m_servo;
     ElidedLabel *m_fault;
     ElidedLabel *m_event;
+    QToolButton *m_offer;
     ElidedLabel *m_quality;
+    ElidedLabel *m_unkept;
     QLabel *m_recording;
     QLabel *m_motor;
     QToolButton *m_stop;

@@ -2,6 +2,7 @@
 
 #include "model/units.h"
 #include "profile/filevalue.h"
+#include "profile/text.h"
 
 #include <QFile>
 
@@ -75,7 +76,7 @@ Reading readFile(const QString &path)
     if (file.error() != QFile::NoError)
         return {std::nullopt, file.errorString(), {}};
     if (text.size() > LargestFile)
-        return {std::nullopt, QStringLiteral("line 1: it is too large to be a file of servo parameters"), {}};
+        return {std::nullopt, Text::tr("line 1: it is too large to be a file of servo parameters"), {}};
     return decoded(text);
 }
 

@@ -5,6 +5,7 @@
 #include "model/units.h"
 #include "profile/filevalue.h"
 #include "profile/memberlines.h"
+#include "profile/text.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -41,9 +42,8 @@ void checkMembers(const QJsonObject &object, const QString &path, const QStringL
     const QStringList names = object.keys();
     for (const QString &name : names) {
         if (!known.contains(name))
-            reject(
-                path + name,
-                QStringLiteral("\"%1\" means nothing here; there are: %2").arg(name, known.join(QLatin1String(", "))));
+            reject(path + name,
+                   Text::tr("\"%1\" means nothing here; there are: %2").arg(name, known.join(QLatin1String(", "))));
     }
 }
 
@@ -96,15 +96,15 @@ Profile Reader::read()
 void Reader::checkKind() const
 {
     if (m_root.value(QLatin1String("format")).toString() != QLatin1String(FileFormat))
-        reject(QStringLiteral("format"), QStringLiteral("it is no file of servo parameters, which says \"format\": "
-                                                        "\"%1\"")
+        reject(QStringLiteral("format"), Text::tr("it is no file of servo parameters, which says \"format\": "
+                                                  "\"%1\"")
                                              .arg(QLatin1String(FileFormat)));
     const auto version = wholeNumber(m_root.value(QLatin1String("version")), 1, std::numeric_limits<qint32>::max());
     if (!version)
-        reject(QStringLiteral("version"), QStringLiteral("\"version\" has to be a number from 1 on"));
+        reject(QStringLiteral("version"), Text::tr("\"version\" has to be a number from 1 on"));
     if (*version > FileVersion)
         reject(QStringLiteral("version"),
-               QStringLiteral("it has the version %1, which a later program has written; this one knows %2")
+               Text::tr("it has the version %1, which a later program has written; this one knows %2")
                    .arg(*version)
                    .arg(FileVersion));
     checkMembers(m_root, {},
@@ -118,7 +118,7 @@ qint32 Reader::requiredNumber(const char *name, qint32 greatest) const
     const QLatin1String key(name);
     const auto number = wholeNumber(m_root.value(key), 0, greatest);
     if (!number)
-        reject(key, QStringLiteral("\"%1\" has to be a number from 0 to %2").arg(key).arg(greatest));
+        reject(key, Text::tr("\"%1\" has to be a number from 0 to %2").arg(key).arg(greatest));
     return *number;
 }
 
@@ -126,13 +126,13 @@ void Reader::readHead()
 {
     const QJsonValue partial = m_root.value(QLatin1String("partial"));
     if (!partial.isUndefined() && !partial.isBool())
-        reject(QStringLiteral("partial"), QStringLiteral("\"partial\" has to be true or false"));
+        reject(QStringLiteral("partial"), Text::tr("\"partial\" has to be true or false"));
     m_profile.isPartial = partial.toBool();
     m_profile.model = quint16(requiredNumber("model", std::numeric_limits<quint16>::max()));
     const QLatin1String family(m_profile.family().name);
     if (m_root.value(QLatin1String("family")).toString(family) != family)
         reject(QStringLiteral("family"),
-               QStringLiteral("a servo of model %1 is a %2, not what this says").arg(m_profile.model).arg(family));
+               Text::tr("a servo of model %1 is a %2, not what this says").arg(m_profile.model).arg(family));
     const auto isThere = [this](const char *name) {
         return !m_profile.isPartial || m_root.contains(QLatin1String(name));
     };
@@ -144,7 +144,7 @@ void Reader::readHead()
         return;
     m_profile.time = QDateTime::fromString(m_root.value(QLatin1String("time")).toString(), Qt::ISODate).toUTC();
     if (!m_profile.time.isValid())
-        reject(QStringLiteral("time"), QStringLiteral("\"time\" has to be like 2026-11-22T08:30:00Z"));
+        reject(QStringLiteral("time"), Text::tr("\"time\" has to be like 2026-11-22T08:30:00Z"));
 }
 
 void Reader::readBytes()
@@ -152,12 +152,12 @@ void Reader::readBytes()
     const QJsonValue value = m_root.value(Bytes);
     if (m_profile.isPartial) {
         if (!value.isUndefined())
-            reject(Bytes, QStringLiteral("a partial file has no bytes; remove them"));
+            reject(Bytes, Text::tr("a partial file has no bytes; remove them"));
         return;
     }
     const QJsonObject object = value.toObject();
     if (object.isEmpty())
-        reject(Bytes, QStringLiteral("the registers' bytes are missing; a file of some fields says \"partial\": true"));
+        reject(Bytes, Text::tr("the registers' bytes are missing; a file of some fields says \"partial\": true"));
     checkMembers(object, Bytes + QLatin1Char('/'),
                  {QStringLiteral("address"), QStringLiteral("data"), QStringLiteral("crc")});
     QString digits = object.value(QLatin1String("data")).toString();
@@ -168,19 +168,19 @@ void Reader::readBytes()
     const Span span = nonVolatileRegisters(m_profile.family());
     if (!isHex || m_profile.bytes.size() != span.size ||
         wholeNumber(object.value(QLatin1String("address")), 0, span.address) != span.address)
-        reject(Bytes, QStringLiteral("a servo of model %1 has %2 bytes from register %3 on")
+        reject(Bytes, Text::tr("a servo of model %1 has %2 bytes from register %3 on")
                           .arg(m_profile.model)
                           .arg(span.size)
                           .arg(span.address));
     if (object.value(QLatin1String("crc")).toString().toLower() != checksum(m_profile.bytes))
-        reject(Bytes, QStringLiteral("the bytes do not fit their CRC, so one of the two is damaged; edit values in "
-                                     "\"fields\" only"));
+        reject(Bytes, Text::tr("the bytes do not fit their CRC, so one of the two is damaged; edit values in "
+                               "\"fields\" only"));
 }
 
 void Reader::readFields()
 {
     if (!m_root.value(Fields).isObject())
-        reject(Fields, QStringLiteral("\"fields\" has to be an object"));
+        reject(Fields, Text::tr("\"fields\" has to be an object"));
     const QJsonObject entries = m_root.value(Fields).toObject();
     const std::vector<const model::Field *> known = nonVolatileFields(m_profile.family());
     QStringList keys;
@@ -190,17 +190,16 @@ void Reader::readFields()
     for (const QString &name : names) {
         const QString path = Fields + QLatin1Char('/') + name;
         if (!keys.contains(name))
-            reject(path,
-                   QStringLiteral("a %1 keeps no field \"%2\"").arg(QLatin1String(m_profile.family().name), name));
+            reject(path, Text::tr("a %1 keeps no field \"%2\"").arg(QLatin1String(m_profile.family().name), name));
         if (!entries.value(name).isObject())
-            reject(path, QStringLiteral("\"%1\" has to be an object").arg(name));
+            reject(path, Text::tr("\"%1\" has to be an object").arg(name));
     }
     for (const model::Field *field : known) {
         const QLatin1String key(field->key);
         if (entries.contains(key))
             m_profile.values.push_back({field, readField(*field, entries.value(key).toObject(), keptRaw(*field))});
         else if (!m_profile.isPartial)
-            reject(Fields, QStringLiteral("\"%1\" is missing; a file of some fields says \"partial\": true").arg(key));
+            reject(Fields, Text::tr(R"("%1" is missing; a file of some fields says "partial": true)").arg(key));
     }
 }
 
@@ -223,21 +222,21 @@ qint32 Reader::readField(const model::Field &field, const QJsonObject &entry, st
         using Limits = std::numeric_limits<qint32>;
         raw = wholeNumber(entry.value(QLatin1String("raw")), Limits::min(), Limits::max());
         if (!raw)
-            reject(path, QStringLiteral("\"raw\" has to be a whole number"));
+            reject(path, Text::tr("\"raw\" has to be a whole number"));
     }
     const std::optional<qint32> value = readValue(field, entry, kept);
     if (!raw && !value)
-        reject(path, QStringLiteral("\"%1\" has neither \"raw\" nor \"value\"").arg(QLatin1String(field.key)));
+        reject(path, Text::tr(R"("%1" has neither "raw" nor "value")").arg(QLatin1String(field.key)));
 
     const bool isRawEdited = raw && raw != kept;
     const bool isValueEdited = value && value != kept;
     if (isRawEdited && isValueEdited && raw != value)
-        reject(path, QStringLiteral("\"raw\" and \"value\" disagree, and neither is what the servo had; remove one"));
+        reject(path, Text::tr(R"("raw" and "value" disagree, and neither is what the servo had; remove one)"));
     if (!isRawEdited && !isValueEdited)
         return *kept;
     const qint32 edited = isRawEdited ? *raw : *value;
     if (!model::isInRange(field, edited))
-        reject(path, QStringLiteral("%1 is outside what \"%2\" takes, raw values from %3 to %4")
+        reject(path, Text::tr("%1 is outside what \"%2\" takes, raw values from %3 to %4")
                          .arg(edited)
                          .arg(QLatin1String(field.key))
                          .arg(field.range.rawMin)
@@ -259,7 +258,7 @@ std::optional<qint32> Reader::readValue(const model::Field &field, const QJsonOb
     const auto raw = rawOf(field, value, unit);
     if (!raw)
         reject(Fields + QLatin1Char('/') + QLatin1String(field.key),
-               QStringLiteral("%1 is no value of \"%2\"").arg(jsonText(value), QLatin1String(field.key)));
+               Text::tr("%1 is no value of \"%2\"").arg(jsonText(value), QLatin1String(field.key)));
     return raw;
 }
 
@@ -273,9 +272,9 @@ int Reader::readUnit(const model::Field &field, const QJsonObject &entry) const
         return index;
     names.removeAll(QString());
     reject(Fields + QLatin1Char('/') + QLatin1String(field.key),
-           names.isEmpty() ? QStringLiteral("\"%1\" has no unit").arg(QLatin1String(field.key))
-                           : QStringLiteral("\"%1\" needs a unit: %2")
-                                 .arg(QLatin1String(field.key), names.join(QLatin1String(" or "))));
+           names.isEmpty()
+               ? Text::tr("\"%1\" has no unit").arg(QLatin1String(field.key))
+               : Text::tr("\"%1\" needs a unit: %2").arg(QLatin1String(field.key), names.join(Text::tr(" or "))));
 }
 
 void Reader::noteEdit(const model::Field &field, qint32 raw, qint32 kept)
@@ -288,14 +287,13 @@ void Reader::noteEdit(const model::Field &field, qint32 raw, qint32 kept)
         return jsonText(fileValue(field, number, unit)) + QLatin1String(model::asciiUnit(field.kind, unit));
     };
     const QLatin1String key(field.key);
-    m_edits.push_back(
-        {Fields + QLatin1Char('/') + key,
-         QStringLiteral("\"%1\" was edited: %2 is taken, the servo had %3").arg(key, text(raw), text(kept))});
+    m_edits.push_back({Fields + QLatin1Char('/') + key,
+                       Text::tr("\"%1\" was edited: %2 is taken, the servo had %3").arg(key, text(raw), text(kept))});
 }
 
 QString sentence(int line, const QString &text)
 {
-    return QStringLiteral("line %1: %2").arg(line).arg(text);
+    return Text::tr("line %1: %2").arg(line).arg(text);
 }
 
 } // namespace
@@ -309,14 +307,14 @@ Reading decoded(const QByteArray &text)
     // Before Qt reads it, which would keep one of the two, and lose the memory of the other.
     if (lines.ambiguousLine() > 0)
         return {std::nullopt,
-                sentence(lines.ambiguousLine(), QStringLiteral("this name is there twice, or written with escapes")),
+                sentence(lines.ambiguousLine(), Text::tr("this name is there twice, or written with escapes")),
                 {}};
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (!document.isObject())
         return {std::nullopt,
                 sentence(MemberLines::lineAt(text, error.offset),
-                         QStringLiteral("it is no JSON object: %1").arg(error.errorString())),
+                         Text::tr("it is no JSON object: %1").arg(error.errorString())),
                 {}};
     try {
         Reader reader(document.object());

@@ -31,8 +31,13 @@ QVector<Message> messagesOf(const QString &path)
         const auto text = [node = nodes.at(i)](const char *tag) { return node.firstChildElement(tag).text(); };
         const QString context = nodes.at(i).parentNode().firstChildElement("name").text();
         const QDomElement translation = nodes.at(i).firstChildElement("translation");
-        messages.append({QStringList{context, text("source"), text("comment")}.join('|'), text("source"),
-                         translation.attribute("type"), translation.text()});
+        const QString key = QStringList{context, text("source"), text("comment")}.join('|');
+        QDomElement form = translation.firstChildElement("numerusform"); // of a plural; each one on its own
+        do {
+            const QString translated = form.isNull() ? translation.text() : form.text();
+            messages.append({key, text("source"), translation.attribute("type"), translated});
+            form = form.nextSiblingElement("numerusform");
+        } while (!form.isNull());
     }
     return messages;
 }

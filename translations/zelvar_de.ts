@@ -681,6 +681,20 @@
     </message>
 </context>
 <context>
+    <name>HistoryKeeper</name>
+    <message>
+        <source>1 parameter differs from %1: another servo?</source>
+        <translation>1 Parameter ist anders als am %1: ein anderer Servo?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parameters differ from %1: another servo?</source>
+        <translation>
+            <numerusform>%n Parameter ist anders als am %1: ein anderer Servo?</numerusform>
+            <numerusform>%n Parameter sind anders als am %1: ein anderer Servo?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>LimitPairs</name>
     <message>
         <source>The minimum voltage is above the maximum voltage: no supply is right for the servo then.</source>
@@ -708,6 +722,10 @@
     <message>
         <source>Opens the user guide at what it says of the part of the window in use (F1).</source>
         <translation>Öffnet das Benutzerhandbuch dort, wo es den benutzten Teil des Fensters beschreibt (F1).</translation>
+    </message>
+    <message>
+        <source>Offer</source>
+        <translation>Angebot</translation>
     </message>
 </context>
 <context>
@@ -1929,6 +1947,117 @@
     </message>
 </context>
 <context>
+    <name>dialogs::HistoryDialog</name>
+    <message>
+        <source>&amp;Compare with the servo</source>
+        <translation>Mit dem Servo &amp;vergleichen</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Wiederherstellen …</translation>
+    </message>
+    <message>
+        <source>&amp;Save as…</source>
+        <translation>&amp;Speichern unter …</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Kept parameters</source>
+        <translation>Aufbewahrte Parameter</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Pin or unpin</source>
+        <translation>&amp;Anheften oder lösen</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vo:</source>
+        <translation>S&amp;ervo:</translation>
+    </message>
+    <message>
+        <source>servo %1 · model %2 · last kept %3</source>
+        <translation>Servo %1 · Modell %2 · zuletzt %3</translation>
+    </message>
+    <message>
+        <source>servo %1 · model %2</source>
+        <translation>Servo %1 · Modell %2</translation>
+    </message>
+    <message>
+        <source>No servo is connected.</source>
+        <translation>Es ist kein Servo verbunden.</translation>
+    </message>
+    <message>
+        <source>The connected servo is of another family.</source>
+        <translation>Der verbundene Servo ist von einer anderen Familie.</translation>
+    </message>
+    <message>
+        <source>No entry that can be read is selected.</source>
+        <translation>Es ist kein lesbarer Eintrag ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Nothing is kept yet. What a servo has is kept at each Connect and after each Apply, when it has changed.</source>
+        <translation>Noch ist nichts aufbewahrt. Was ein Servo hat, wird bei jedem Verbinden und nach jedem Anwenden aufbewahrt, wenn es sich geändert hat.</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::HistoryModel</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Angeheftet</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>%1 %2 → %3</source>
+        <comment>field, value before, value</comment>
+        <translation>%1 %2 → %3</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>first kept</source>
+        <translation>zuerst aufbewahrt</translation>
+    </message>
+    <message>
+        <source>%1 parameters</source>
+        <translation>%1 Parameter</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>angeheftet</translation>
+    </message>
+    <message>
+        <source>not pinned</source>
+        <translation>nicht angeheftet</translation>
+    </message>
+    <message>
+        <source>Press F2, or click twice, to give it a name.</source>
+        <translation>Drücken Sie F2 oder klicken Sie zweimal, um dem Eintrag einen Namen zu geben.</translation>
+    </message>
+    <message>
+        <source>The latest %1 entries of a servo stay; a pinned one stays however many follow.</source>
+        <translation>Die letzten %1 Einträge eines Servos bleiben; ein angehefteter bleibt, wie viele auch folgen.</translation>
+    </message>
+</context>
+<context>
     <name>guide::GuideWindow</name>
     <message>
         <source>User guide</source>
@@ -2196,6 +2325,145 @@
     <message>
         <source>&amp;Fixed range…</source>
         <translation>&amp;Fester Bereich …</translation>
+    </message>
+</context>
+<context>
+    <name>profile</name>
+    <message>
+        <source>The names and pins in %1 cannot be read: %2</source>
+        <translation>Die Namen und Anheftungen in %1 sind nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>Another program is using the history.</source>
+        <translation>Ein anderes Programm benutzt gerade den Verlauf.</translation>
+    </message>
+    <message>
+        <source>Nothing can be written to %1: is the disk full, or the folder write-protected?</source>
+        <translation>In %1 kann nichts geschrieben werden: Ist der Datenträger voll oder der Ordner schreibgeschützt?</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>This entry is not there any more.</source>
+        <translation>Diesen Eintrag gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>line 1: it is too large to be a file of servo parameters</source>
+        <translation>Zeile 1: zu groß für eine Datei mit Servoparametern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; means nothing here; there are: %2</source>
+        <translation>„%1“ bedeutet hier nichts; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>it is no file of servo parameters, which says &quot;format&quot;: &quot;%1&quot;</source>
+        <translation>keine Datei mit Servoparametern, in der &quot;format&quot;: &quot;%1&quot; steht</translation>
+    </message>
+    <message>
+        <source>&quot;version&quot; has to be a number from 1 on</source>
+        <translation>„version“ muss eine Zahl ab 1 sein</translation>
+    </message>
+    <message>
+        <source>it has the version %1, which a later program has written; this one knows %2</source>
+        <translation>sie hat die Version %1, die ein neueres Programm geschrieben hat; dieses kennt %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has to be a number from 0 to %2</source>
+        <translation>„%1“ muss eine Zahl von 0 bis %2 sein</translation>
+    </message>
+    <message>
+        <source>&quot;partial&quot; has to be true or false</source>
+        <translation>„partial“ muss true oder false sein</translation>
+    </message>
+    <message>
+        <source>a servo of model %1 is a %2, not what this says</source>
+        <translation>ein Servo des Modells %1 ist ein %2, nicht, was hier steht</translation>
+    </message>
+    <message>
+        <source>&quot;time&quot; has to be like 2026-11-22T08:30:00Z</source>
+        <translation>„time“ muss wie 2026-11-22T08:30:00Z aussehen</translation>
+    </message>
+    <message>
+        <source>a partial file has no bytes; remove them</source>
+        <translation>eine Teildatei hat keine Bytes; entfernen Sie sie</translation>
+    </message>
+    <message>
+        <source>the registers&apos; bytes are missing; a file of some fields says &quot;partial&quot;: true</source>
+        <translation>die Bytes der Register fehlen; in einer Datei mit einigen Feldern steht &quot;partial&quot;: true</translation>
+    </message>
+    <message>
+        <source>a servo of model %1 has %2 bytes from register %3 on</source>
+        <translation>ein Servo des Modells %1 hat %2 Bytes ab Register %3</translation>
+    </message>
+    <message>
+        <source>the bytes do not fit their CRC, so one of the two is damaged; edit values in &quot;fields&quot; only</source>
+        <translation>die Bytes passen nicht zu ihrer CRC, also ist eines von beiden beschädigt; ändern Sie Werte nur in „fields“</translation>
+    </message>
+    <message>
+        <source>&quot;fields&quot; has to be an object</source>
+        <translation>„fields“ muss ein Objekt sein</translation>
+    </message>
+    <message>
+        <source>a %1 keeps no field &quot;%2&quot;</source>
+        <translation>ein %1 bewahrt kein Feld „%2“ auf</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has to be an object</source>
+        <translation>„%1“ muss ein Objekt sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing; a file of some fields says &quot;partial&quot;: true</source>
+        <translation>„%1“ fehlt; in einer Datei mit einigen Feldern steht &quot;partial&quot;: true</translation>
+    </message>
+    <message>
+        <source>&quot;raw&quot; has to be a whole number</source>
+        <translation>„raw“ muss eine ganze Zahl sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has neither &quot;raw&quot; nor &quot;value&quot;</source>
+        <translation>„%1“ hat weder „raw“ noch „value“</translation>
+    </message>
+    <message>
+        <source>&quot;raw&quot; and &quot;value&quot; disagree, and neither is what the servo had; remove one</source>
+        <translation>„raw“ und „value“ widersprechen sich, und keines ist, was der Servo hatte; entfernen Sie eines</translation>
+    </message>
+    <message>
+        <source>%1 is outside what &quot;%2&quot; takes, raw values from %3 to %4</source>
+        <translation>%1 liegt außerhalb dessen, was „%2“ annimmt, Rohwerte von %3 bis %4</translation>
+    </message>
+    <message>
+        <source>%1 is no value of &quot;%2&quot;</source>
+        <translation>%1 ist kein Wert von „%2“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no unit</source>
+        <translation>„%1“ hat keine Einheit</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; needs a unit: %2</source>
+        <translation>„%1“ braucht eine Einheit: %2</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was edited: %2 is taken, the servo had %3</source>
+        <translation>„%1“ wurde geändert: %2 gilt, der Servo hatte %3</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>this name is there twice, or written with escapes</source>
+        <translation>dieser Name steht zweimal da oder ist mit Escape-Zeichen geschrieben</translation>
+    </message>
+    <message>
+        <source>it is no JSON object: %1</source>
+        <translation>kein JSON-Objekt: %1</translation>
     </message>
 </context>
 <context>

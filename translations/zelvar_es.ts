@@ -681,6 +681,20 @@
     </message>
 </context>
 <context>
+    <name>HistoryKeeper</name>
+    <message>
+        <source>1 parameter differs from %1: another servo?</source>
+        <translation>1 parámetro difiere del %1: ¿otro servo?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parameters differ from %1: another servo?</source>
+        <translation>
+            <numerusform>%n parámetro difiere del %1: ¿otro servo?</numerusform>
+            <numerusform>%n parámetros difieren del %1: ¿otro servo?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>LimitPairs</name>
     <message>
         <source>The minimum voltage is above the maximum voltage: no supply is right for the servo then.</source>
@@ -708,6 +722,10 @@
     <message>
         <source>Opens the user guide at what it says of the part of the window in use (F1).</source>
         <translation>Abre la guía del usuario por donde trata de la parte de la ventana en uso (F1).</translation>
+    </message>
+    <message>
+        <source>Offer</source>
+        <translation>Oferta</translation>
     </message>
 </context>
 <context>
@@ -1929,6 +1947,117 @@
     </message>
 </context>
 <context>
+    <name>dialogs::HistoryDialog</name>
+    <message>
+        <source>&amp;Compare with the servo</source>
+        <translation>&amp;Comparar con el servo</translation>
+    </message>
+    <message>
+        <source>&amp;Restore…</source>
+        <translation>&amp;Restaurar…</translation>
+    </message>
+    <message>
+        <source>&amp;Save as…</source>
+        <translation>&amp;Guardar como…</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message>
+        <source>Kept parameters</source>
+        <translation>Parámetros conservados</translation>
+    </message>
+    <message>
+        <source>Re&amp;name</source>
+        <translation>Cambiar el &amp;nombre</translation>
+    </message>
+    <message>
+        <source>&amp;Pin or unpin</source>
+        <translation>&amp;Fijar o soltar</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vo:</source>
+        <translation>Ser&amp;vo:</translation>
+    </message>
+    <message>
+        <source>servo %1 · model %2 · last kept %3</source>
+        <translation>servo %1 · modelo %2 · último %3</translation>
+    </message>
+    <message>
+        <source>servo %1 · model %2</source>
+        <translation>servo %1 · modelo %2</translation>
+    </message>
+    <message>
+        <source>No servo is connected.</source>
+        <translation>No hay ningún servo conectado.</translation>
+    </message>
+    <message>
+        <source>The connected servo is of another family.</source>
+        <translation>El servo conectado es de otra familia.</translation>
+    </message>
+    <message>
+        <source>No entry that can be read is selected.</source>
+        <translation>No hay seleccionada ninguna entrada que se pueda leer.</translation>
+    </message>
+    <message>
+        <source>Nothing is kept yet. What a servo has is kept at each Connect and after each Apply, when it has changed.</source>
+        <translation>Todavía no se ha conservado nada. Lo que tiene un servo se conserva cada vez que se conecta y después de cada aplicación, cuando ha cambiado.</translation>
+    </message>
+</context>
+<context>
+    <name>dialogs::HistoryModel</name>
+    <message>
+        <source>Time</source>
+        <translation>Hora</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Fijado</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Cambios</translation>
+    </message>
+    <message>
+        <source>%1 %2 → %3</source>
+        <comment>field, value before, value</comment>
+        <translation>%1 %2 → %3</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>no se puede leer: %1</translation>
+    </message>
+    <message>
+        <source>first kept</source>
+        <translation>primera entrada</translation>
+    </message>
+    <message>
+        <source>%1 parameters</source>
+        <translation>%1 parámetros</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>fijado</translation>
+    </message>
+    <message>
+        <source>not pinned</source>
+        <translation>no fijado</translation>
+    </message>
+    <message>
+        <source>Press F2, or click twice, to give it a name.</source>
+        <translation>Pulse F2 o haga clic dos veces para darle un nombre.</translation>
+    </message>
+    <message>
+        <source>The latest %1 entries of a servo stay; a pinned one stays however many follow.</source>
+        <translation>Se quedan las últimas %1 entradas de un servo; una fijada se queda por muchas que la sigan.</translation>
+    </message>
+</context>
+<context>
     <name>guide::GuideWindow</name>
     <message>
         <source>User guide</source>
@@ -2196,6 +2325,145 @@
     <message>
         <source>&amp;Fixed range…</source>
         <translation>Intervalo &amp;fijo…</translation>
+    </message>
+</context>
+<context>
+    <name>profile</name>
+    <message>
+        <source>The names and pins in %1 cannot be read: %2</source>
+        <translation>No se pueden leer los nombres y las marcas de %1: %2</translation>
+    </message>
+    <message>
+        <source>Another program is using the history.</source>
+        <translation>Otro programa está usando el historial.</translation>
+    </message>
+    <message>
+        <source>Nothing can be written to %1: is the disk full, or the folder write-protected?</source>
+        <translation>No se puede escribir nada en %1: ¿está lleno el disco o protegida la carpeta contra escritura?</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>No se puede crear la carpeta %1.</translation>
+    </message>
+    <message>
+        <source>This entry is not there any more.</source>
+        <translation>Esta entrada ya no está.</translation>
+    </message>
+    <message>
+        <source>line 1: it is too large to be a file of servo parameters</source>
+        <translation>línea 1: es demasiado grande para ser un archivo de parámetros de un servo</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; means nothing here; there are: %2</source>
+        <translation>«%1» no significa nada aquí; hay: %2</translation>
+    </message>
+    <message>
+        <source>it is no file of servo parameters, which says &quot;format&quot;: &quot;%1&quot;</source>
+        <translation>no es un archivo de parámetros de un servo, en el que pone &quot;format&quot;: &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>&quot;version&quot; has to be a number from 1 on</source>
+        <translation>«version» tiene que ser un número a partir de 1</translation>
+    </message>
+    <message>
+        <source>it has the version %1, which a later program has written; this one knows %2</source>
+        <translation>tiene la versión %1, escrita por un programa más nuevo; este conoce la %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has to be a number from 0 to %2</source>
+        <translation>«%1» tiene que ser un número de 0 a %2</translation>
+    </message>
+    <message>
+        <source>&quot;partial&quot; has to be true or false</source>
+        <translation>«partial» tiene que ser true o false</translation>
+    </message>
+    <message>
+        <source>a servo of model %1 is a %2, not what this says</source>
+        <translation>un servo del modelo %1 es un %2, no lo que pone aquí</translation>
+    </message>
+    <message>
+        <source>&quot;time&quot; has to be like 2026-11-22T08:30:00Z</source>
+        <translation>«time» tiene que ser como 2026-11-22T08:30:00Z</translation>
+    </message>
+    <message>
+        <source>a partial file has no bytes; remove them</source>
+        <translation>un archivo parcial no tiene bytes; quítelos</translation>
+    </message>
+    <message>
+        <source>the registers&apos; bytes are missing; a file of some fields says &quot;partial&quot;: true</source>
+        <translation>faltan los bytes de los registros; en un archivo de algunos campos pone &quot;partial&quot;: true</translation>
+    </message>
+    <message>
+        <source>a servo of model %1 has %2 bytes from register %3 on</source>
+        <translation>un servo del modelo %1 tiene %2 bytes a partir del registro %3</translation>
+    </message>
+    <message>
+        <source>the bytes do not fit their CRC, so one of the two is damaged; edit values in &quot;fields&quot; only</source>
+        <translation>los bytes no concuerdan con su CRC, así que uno de los dos está dañado; cambie valores solo en «fields»</translation>
+    </message>
+    <message>
+        <source>&quot;fields&quot; has to be an object</source>
+        <translation>«fields» tiene que ser un objeto</translation>
+    </message>
+    <message>
+        <source>a %1 keeps no field &quot;%2&quot;</source>
+        <translation>un %1 no guarda ningún campo «%2»</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has to be an object</source>
+        <translation>«%1» tiene que ser un objeto</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is missing; a file of some fields says &quot;partial&quot;: true</source>
+        <translation>falta «%1»; en un archivo de algunos campos pone &quot;partial&quot;: true</translation>
+    </message>
+    <message>
+        <source>&quot;raw&quot; has to be a whole number</source>
+        <translation>«raw» tiene que ser un número entero</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has neither &quot;raw&quot; nor &quot;value&quot;</source>
+        <translation>«%1» no tiene ni «raw» ni «value»</translation>
+    </message>
+    <message>
+        <source>&quot;raw&quot; and &quot;value&quot; disagree, and neither is what the servo had; remove one</source>
+        <translation>«raw» y «value» se contradicen y ninguno es lo que tenía el servo; quite uno</translation>
+    </message>
+    <message>
+        <source>%1 is outside what &quot;%2&quot; takes, raw values from %3 to %4</source>
+        <translation>%1 queda fuera de lo que admite «%2», valores brutos de %3 a %4</translation>
+    </message>
+    <message>
+        <source>%1 is no value of &quot;%2&quot;</source>
+        <translation>%1 no es un valor de «%2»</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no unit</source>
+        <translation>«%1» no tiene unidad</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; needs a unit: %2</source>
+        <translation>«%1» necesita una unidad: %2</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> o </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was edited: %2 is taken, the servo had %3</source>
+        <translation>se ha cambiado «%1»: vale %2, el servo tenía %3</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>línea %1: %2</translation>
+    </message>
+    <message>
+        <source>this name is there twice, or written with escapes</source>
+        <translation>este nombre está dos veces o está escrito con secuencias de escape</translation>
+    </message>
+    <message>
+        <source>it is no JSON object: %1</source>
+        <translation>no es un objeto JSON: %1</translation>
     </message>
 </context>
 <context>

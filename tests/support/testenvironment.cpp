@@ -20,6 +20,7 @@ TestEnvironment::TestEnvironment()
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_RUNTIME_DIR", m_folder.path().toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
     QLocale::setDefault(QLocale::c());
 }

@@ -36,6 +36,7 @@ constexpr ChapterRow Chapters[] = {
     {"editView",                     "unit-fields"},
     {"registerView",                 "register-fields"},
     {"plotDock",                     "the-plot"},
+    {"historyDialog",                "the-history"},
 };
 // clang-format on
 

@@ -1,7 +1,10 @@
 #include "app/backups.h"
 
 #include "app/boxes.h"
+#include "app/linkline.h"
 #include "profile/profilefile.h"
+#include "profile/tunedgains.h"
+#include "session/applyproof.h"
 #include "session/connection.h"
 
 #include <QAction>
@@ -9,12 +12,15 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMenu>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 using dialogs::ComparisonDialog;
+using dialogs::HistoryDialog;
 using profile::Obstacle;
 using profile::Profile;
 
@@ -23,6 +29,11 @@ namespace {
 const QString SettingsGroup = QStringLiteral("parameter files");
 const QString FolderKey = QStringLiteral("folder");
 const QString Suffix = QStringLiteral("zservo");
+
+QString historyFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/history");
+}
 
 /** How long a silent servo is asked. */
 constexpr std::chrono::milliseconds Patience{1000};
@@ -46,24 +57,46 @@ const ObstacleRow Obstacles[] = {
 
 } // namespace
 
-Backups::Backups(QWidget &window, const QWidget &view, const Link &link, Port port)
-    : m_window(window), m_link(link), m_port(std::move(port)), m_text(view), m_settings(SettingsGroup)
+Backups::Backups(QWidget &window, const QWidget &view, LinkLine &line, const Link &link, Port port)
+    : m_window(window), m_line(line), m_link(link), m_port(std::move(port)), m_text(view), m_settings(SettingsGroup),
+      m_history(historyFolder()), m_keeper(link.connection, link.proof, m_history)
 {
-    m_servoActions = {makeAction("actionBackUp", tr("&Back up…"), &Backups::askAndBackUp),
-                      makeAction("actionCompare", tr("&Compare with…"), &Backups::askAndCompare),
-                      makeAction("actionRestore", tr("&Restore…"), &Backups::askAndRestore)};
+    makeActions();
     connect(&link.connection, &session::Connection::stateChanged, this, &Backups::onStateChanged);
     connect(&link.connection, &session::Connection::polled, this, &Backups::onPolled);
+    connect(&m_keeper, &HistoryKeeper::differs, this, &Backups::onDiffers);
+    connect(&m_keeper, &HistoryKeeper::failed, this,
+            [this](const QString &reason) { m_line.tell(tr("not kept in the history: %1").arg(reason)); });
+    connect(&m_keeper, &HistoryKeeper::kept, this, [this] {
+        if (m_historyDialog)
+            m_historyDialog->reload();
+    });
+    connect(&line, &LinkLine::offerAccepted, this, [this] {
+        if (m_before)
+            show({*m_before, keptName(*m_before), tr("Before"), {}}, Purpose::Compare);
+    });
     refresh();
 }
 
 Backups::~Backups() = default;
 
-QAction *Backups::makeAction(const char *name, const QString &text, void (Backups::*slot)())
+void Backups::makeActions()
+{
+    m_servoActions = {
+        makeAction("actionBackUp", tr("&Back up…"), [this] { askAndBackUp(); }),
+        makeAction("actionCompare", tr("&Compare with…"), [this] { askAndOpen(tr("Compare with"), Purpose::Compare); }),
+        makeAction("actionRestore", tr("&Restore…"), [this] { showHistory(HistoryDialog::Purpose::Restore); }),
+        makeAction("actionReplace", tr("Re&place a servo…"), [this] { showHistory(HistoryDialog::Purpose::Replace); }),
+    };
+    m_keepGains = makeAction("actionKeepGains", tr("&Keep the tuned gains…"), [this] { showTunedGains(); });
+    m_showHistory = makeAction("actionHistory", tr("&History…"), [this] { showHistory(HistoryDialog::Purpose::Look); });
+}
+
+QAction *Backups::makeAction(const char *name, const QString &text, const std::function<void()> &act)
 {
     auto *action = new QAction(text, &m_window);
     action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, act);
     return action;
 }
 
@@ -71,36 +104,70 @@ void Backups::addTo(QMenu &menu)
 {
     for (QAction *action : m_servoActions)
         menu.addAction(action);
+    menu.addActions({m_showHistory, m_keepGains});
 }
 
 void Backups::onStateChanged(session::State state)
 {
-    if (state != session::State::Connected)
-        m_servo.reset();
+    if (state != session::State::Connected) {
+        m_isServoThere = false;
+        m_unkept.clear();
+        m_line.showUnkept({}, {});
+    }
     refresh();
 }
 
 void Backups::onPolled(const model::RegisterImage &image)
 {
-    const bool isFirst = !m_servo;
-    m_servo.reset();
-    if (image.isKnown(0, image.family().tableSize))
-        m_servo = Profile::of(image, QDateTime::currentDateTimeUtc());
+    const bool wasThere = std::exchange(m_isServoThere, image.isKnown(0, image.family().tableSize));
     m_isMotorOn = image.raw(image.family().motorSwitch()).value_or(0) != 0;
-    if (isFirst)
+    tellGains(image);
+    if (wasThere != m_isServoThere)
         refresh();
     if (m_dialog)
         m_dialog->setMotorOn(m_isMotorOn);
 }
 
+void Backups::tellGains(const model::RegisterImage &image)
+{
+    const std::vector<profile::Pair> unkept = profile::differingGains(image);
+    const auto isSame = [](const profile::Pair &one, const profile::Pair &other) {
+        return one.field == other.field && one.servo == other.servo && one.file == other.file;
+    };
+    if (std::equal(unkept.begin(), unkept.end(), m_unkept.begin(), m_unkept.end(), isSame))
+        return;
+    m_unkept = unkept;
+    m_keepGains->setEnabled(!unkept.empty());
+    QStringList lines{tr("A restart gives the servo its stored gains and profiles again. To store those in use: menu "
+                         "Servo, Keep the tuned gains.")};
+    for (const profile::Pair &pair : unkept)
+        lines.append(tr("%1: %2 in use, %3 stored")
+                         .arg(m_text.caption(*pair.field), m_text.value(*pair.field, pair.file),
+                              m_text.value(*pair.field, pair.servo)));
+    m_line.showUnkept(unkept.empty() ? QString() : tr("gains not kept"), lines.join(QLatin1Char('\n')));
+}
+
+void Backups::onDiffers(int count, const Profile &before)
+{
+    m_before = before;
+    const QString text = HistoryKeeper::surprise(count, before.time.toLocalTime().date(), QDate::currentDate());
+    const QString tip = tr("The history has other values for this id. Another servo may have it now, or what was changed "
+                           "without being stored was lost with the supply.");
+    m_line.offer(text, text + QLatin1Char('\n') + tip, tr("Compare"));
+}
+
 void Backups::refresh()
 {
     for (QAction *action : m_servoActions) {
-        action->setEnabled(m_servo.has_value());
-        action->setToolTip(m_servo ? QString() : tr("Connect to a servo first."));
+        action->setEnabled(m_isServoThere);
+        action->setToolTip(m_isServoThere ? QString() : tr("Connect to a servo first."));
     }
+    m_keepGains->setEnabled(!m_unkept.empty());
+    m_keepGains->setToolTip(m_unkept.empty() ? tr("The gains and profiles in use are the stored ones.") : QString());
     if (m_dialog && !m_restoration)
-        m_dialog->setHindrance(m_servo ? QString() : tr("The servo does not answer any more."));
+        m_dialog->setHindrance(m_isServoThere ? QString() : tr("The servo does not answer any more."));
+    if (m_historyDialog)
+        m_historyDialog->setConnected(m_isServoThere ? &m_link.image->family() : nullptr);
 }
 
 QString Backups::folder() const
@@ -114,60 +181,90 @@ void Backups::rememberFolder(const QString &path)
     m_settings.setValue(FolderKey, QFileInfo(path).absolutePath());
 }
 
-QString Backups::askForFile(const QString &title)
-{
-    const QString path = QFileDialog::getOpenFileName(&m_window, title, folder(), QStringLiteral("*.") + Suffix);
-    if (!path.isEmpty())
-        rememberFolder(path);
-    return path;
-}
-
 void Backups::askAndBackUp()
 {
-    if (!m_servo)
-        return;
+    if (m_isServoThere)
+        askAndWrite(servo());
+}
+
+void Backups::askAndWrite(const Profile &profile)
+{
     QFileDialog dialog(&m_window, tr("Back up"), folder(), QStringLiteral("*.") + Suffix);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(Suffix);
-    dialog.selectFile(profile::proposedName(*m_servo));
+    dialog.selectFile(profile::proposedName(profile));
     if (dialog.exec() != QDialog::Accepted)
         return;
     rememberFolder(dialog.selectedFiles().value(0));
-    backUp(dialog.selectedFiles().value(0));
+    write(dialog.selectedFiles().value(0), profile);
 }
 
 void Backups::backUp(const QString &path)
 {
-    if (!m_servo) {
-        tellError(tr("Not backed up"), path, tr("The servo does not answer any more."));
-        return;
-    }
-    const auto result = profile::writeFile(path, *m_servo);
+    if (m_isServoThere)
+        write(path, servo());
+}
+
+void Backups::write(const QString &path, const Profile &profile)
+{
+    const auto result = profile::writeFile(path, profile);
     if (!result.isDone())
         tellError(tr("Not backed up"), path, result.text);
+    else
+        m_line.tell(tr("backed up: %1").arg(QFileInfo(path).fileName()), QDir::toNativeSeparators(path));
 }
 
-void Backups::askAndCompare()
+void Backups::askAndOpen(const QString &title, Purpose purpose)
 {
-    const QString path = askForFile(tr("Compare with"));
-    if (!path.isEmpty())
-        open(path, Purpose::Compare);
-}
-
-void Backups::askAndRestore()
-{
-    const QString path = askForFile(tr("Restore"));
-    if (!path.isEmpty())
-        open(path, Purpose::Restore);
+    const QString path = QFileDialog::getOpenFileName(&m_window, title, folder(), QStringLiteral("*.") + Suffix);
+    if (path.isEmpty())
+        return;
+    rememberFolder(path);
+    open(path, purpose);
 }
 
 void Backups::open(const QString &path, Purpose purpose)
 {
     const profile::Reading reading = profile::readFile(path);
     if (reading.profile)
-        show(*reading.profile, QFileInfo(path).fileName(), reading.edits, purpose);
+        show({*reading.profile, QFileInfo(path).fileName(), tr("File"), reading.edits}, purpose);
     else
         tellError(tr("Not opened"), path, reading.error);
+}
+
+void Backups::showHistory(HistoryDialog::Purpose purpose)
+{
+    delete m_historyDialog;
+    m_isReplacing = purpose == HistoryDialog::Purpose::Replace;
+    m_historyDialog = new HistoryDialog(m_text, m_history, purpose, &m_window);
+    m_historyDialog->setAttribute(Qt::WA_DeleteOnClose);
+    const auto shown = [this](Purpose wanted) {
+        return [this, wanted](const Profile &profile, const QString &title) {
+            show({profile, title, tr("History"), {}}, wanted);
+        };
+    };
+    connect(m_historyDialog, &HistoryDialog::compareWanted, this, shown(Purpose::Compare));
+    connect(m_historyDialog, &HistoryDialog::restoreWanted, this, shown(Purpose::Restore));
+    connect(m_historyDialog, &HistoryDialog::saveWanted, this, &Backups::askAndWrite);
+    connect(m_historyDialog, &HistoryDialog::restoreFileWanted, this,
+            [this] { askAndOpen(tr("Restore"), Purpose::Restore); });
+    m_historyDialog->setConnected(m_isServoThere ? &m_link.image->family() : nullptr);
+    if (m_isServoThere)
+        m_historyDialog->showServo({servo().model, *servo().id});
+    m_historyDialog->show();
+}
+
+void Backups::showTunedGains()
+{
+    if (!m_unkept.empty())
+        show({profile::tunedGains(*m_link.image), tr("the gains and profiles in use"), tr("In use"), {}},
+             Purpose::Restore);
+}
+
+/** REQUIRES: the servo is there. */
+Profile Backups::servo() const
+{
+    return Profile::of(*m_link.image, QDateTime::currentDateTimeUtc());
 }
 
 QString Backups::servoName() const
@@ -175,44 +272,56 @@ QString Backups::servoName() const
     return tr("Servo %1 on %2").arg(m_link.connection.address().id).arg(m_port.name());
 }
 
+QString Backups::keptName(const Profile &profile) const
+{
+    return tr("what servo %1 had on %2")
+        .arg(profile.id.value_or(0))
+        .arg(QLocale().toString(profile.time.toLocalTime(), QLocale::ShortFormat));
+}
+
 /** What is no obstacle but might be a mistake. */
-QStringList Backups::notesOn(const Profile &file) const
+QStringList Backups::notesOn(const Profile &file, const Profile &servo)
 {
     QStringList notes;
-    if (file.id && m_servo->id && *file.id != *m_servo->id)
+    if (file.id && servo.id && *file.id != *servo.id)
         notes.append(tr("These are the parameters of servo %1.").arg(*file.id));
-    if (file.firmware && *file.firmware != m_servo->firmware)
+    if (file.firmware && *file.firmware != servo.firmware)
         notes.append(tr("They are from firmware %1, but the servo has firmware %2.")
                          .arg(*file.firmware)
-                         .arg(m_servo->firmware.value_or(0)));
+                         .arg(servo.firmware.value_or(0)));
     return notes;
 }
 
-void Backups::show(const Profile &file, const QString &name, QStringList notes, Purpose purpose)
+void Backups::show(const Source &source, Purpose purpose)
 {
-    if (!m_servo)
+    if (!m_isServoThere)
         return;
-    if (file.model != m_servo->model) {
+    const Profile &file = source.file;
+    const Profile servo = this->servo();
+    if (file.model != servo.model) {
         boxes::tell(&m_window, QMessageBox::Warning, tr("Another model"),
                     tr("%1 has the parameters of a %2, model %3. The servo is a %4, model %5.")
-                        .arg(name, QLatin1String(file.family().name))
+                        .arg(source.name, QLatin1String(file.family().name))
                         .arg(file.model)
-                        .arg(QLatin1String(m_servo->family().name))
-                        .arg(m_servo->model));
+                        .arg(QLatin1String(servo.family().name))
+                        .arg(servo.model));
         return;
     }
     delete m_dialog;
     m_restoration.reset();
-    m_dialog =
-        new ComparisonDialog(m_text, {*m_servo, file, servoName(), name, notesOn(file) + notes}, purpose, &m_window);
+    const dialogs::Subject subject{
+        servo, file, servoName(), source.name, source.columnTitle, notesOn(file, servo) + source.notes};
+    m_dialog = new ComparisonDialog(m_text, subject, purpose, &m_window);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->setModal(true);
     m_dialog->setMotorOn(m_isMotorOn);
+    if (m_historyDialog && m_isReplacing)
+        m_dialog->chooseAddress();
     connect(m_dialog, &ComparisonDialog::restoreWanted, this, &Backups::restore);
     connect(m_dialog, &ComparisonDialog::stopWanted, this, [this] { m_restoration->stop(); });
     connect(
-        m_dialog, &ComparisonDialog::restoreOfferWanted, this,
-        [this, file, name, notes] { show(file, name, notes, Purpose::Restore); }, Qt::QueuedConnection);
+        m_dialog, &ComparisonDialog::restoreOfferWanted, this, [this, source] { show(source, Purpose::Restore); },
+        Qt::QueuedConnection);
     m_dialog->show();
 }
 
@@ -229,6 +338,7 @@ void Backups::restore(const profile::RestoreWish &wish)
     // From the event loop, so that the restoration has returned from all that it does.
     connect(m_restoration.get(), &profile::Restoration::ended, this, &Backups::onRestored, Qt::QueuedConnection);
     m_openBaudRate = address.baudRate;
+    m_keeper.expectChange();
     m_port.takeOver();
     m_restoration->begin(address, wish);
 }

@@ -379,8 +379,8 @@ void MainWindow::addBackups()
             on_actionConnect_triggered();
         },
     };
-    m_backups =
-        std::make_unique<Backups>(*this, *m_ui->tabWidget, Backups::Link{*m_connection, *m_serialHelper->bus()}, port);
+    const Backups::Link link{*m_connection, *m_proof, *m_serialHelper->bus(), m_registerHelper->image()};
+    m_backups = std::make_unique<Backups>(*this, *m_ui->tabWidget, *m_linkLine, link, port);
 }
 
 void MainWindow::makeConnections()

@@ -62,8 +62,8 @@ private:
 
 ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpose purpose, QWidget *parent)
     : QDialog(parent), m_subject(std::move(subject)), m_purpose(purpose),
-      m_model(new ComparisonModel(text, purpose == Purpose::Restore, this)), m_filter(new DifferenceFilter(this)),
-      m_table(new QTableView(this)), m_statement(makeLabel({}, this)),
+      m_model(new ComparisonModel(text, m_subject.fileTitle, purpose == Purpose::Restore, this)),
+      m_filter(new DifferenceFilter(this)), m_table(new QTableView(this)), m_statement(makeLabel({}, this)),
       m_onlyDifferences(new QCheckBox(tr("Only &differences"), this)),
       m_stopMotor(
           new QCheckBox(tr("Switch the &motor off first, which frees the shaft: what it carries may fall"), this))
@@ -76,9 +76,11 @@ ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpo
     layout->addWidget(makeLabel(tr("%1, compared with %2").arg(m_subject.servoName, m_subject.fileName), this));
     for (const QString &note : m_subject.notes)
         layout->addWidget(makeLabel(note, this));
-    if (isRestore)
-        layout->addWidget(makeLabel(tr("What is ticked gets the file's values. Id, baud rate and home position offset "
-                                       "belong to one servo: they are left out unless you tick them."),
+    const auto &values = m_subject.file.values;
+    const auto isOwn = [](const profile::Value &value) { return profile::belongsToOneServo(*value.field); };
+    if (isRestore && std::any_of(values.begin(), values.end(), isOwn))
+        layout->addWidget(makeLabel(tr("What is ticked is written. Id, baud rate and home position offset belong to "
+                                       "one servo: they are left out unless you tick them."),
                                     this));
     layout->addWidget(m_onlyDifferences);
     makeTable();

@@ -24,6 +24,7 @@ struct Subject
     profile::Profile file;
     QString servoName; ///< for example "Servo 3 on zelvar-sim"
     QString fileName;  ///< or whatever else the other values come from
+    QString fileTitle; ///< of the column with these values: "File"
     QStringList notes; ///< what the user should know of them
 };
 

@@ -3,13 +3,14 @@
 #include <QFont>
 
 #include <algorithm>
+#include <utility>
 
 namespace dialogs {
 
 using Fate = profile::RestoredField::Fate;
 
-ComparisonModel::ComparisonModel(const FieldText &text, bool isChoosable, QObject *parent)
-    : QAbstractTableModel(parent), m_text(text), m_isChoosable(isChoosable)
+ComparisonModel::ComparisonModel(const FieldText &text, QString fileTitle, bool isChoosable, QObject *parent)
+    : QAbstractTableModel(parent), m_text(text), m_fileTitle(std::move(fileTitle)), m_isChoosable(isChoosable)
 {
 }
 
@@ -130,7 +131,7 @@ QVariant ComparisonModel::headerData(int section, Qt::Orientation orientation, i
     case ServoColumn:
         return m_hasResults ? tr("The servo had") : tr("The servo has");
     case FileColumn:
-        return tr("File");
+        return m_fileTitle;
     default:
         return tr("Result");
     }

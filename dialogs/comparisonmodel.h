@@ -21,8 +21,11 @@ public:
     /** Whether the row's values are different, or were before a restore. */
     static constexpr int DifferentRole = Qt::UserRole;
 
-    /** @param text must outlive this object. @param isChoosable whether rows that differ have a check box. */
-    ComparisonModel(const FieldText &text, bool isChoosable, QObject *parent);
+    /**
+     * @param text must outlive this object. @param fileTitle of the column beside the servo's.
+     * @param isChoosable whether rows that differ have a check box.
+     */
+    ComparisonModel(const FieldText &text, QString fileTitle, bool isChoosable, QObject *parent);
 
     /** Compares @p file with @p servo. Whoever had been chosen or left out stays so. */
     void compare(const profile::Profile &servo, const profile::Profile &file);
@@ -60,6 +63,7 @@ private:
     QString resultText(const Row &row) const;
 
     const FieldText &m_text;
+    const QString m_fileTitle;
     const bool m_isChoosable;
     std::vector<Row> m_rows;
     bool m_hasResults = false;

@@ -37,21 +37,24 @@ ServoKey keyOf(const QVariant &data)
 
 } // namespace
 
-HistoryDialog::HistoryDialog(const FieldText &text, profile::History &history, QWidget *parent)
+HistoryDialog::HistoryDialog(const FieldText &text, profile::History &history, Purpose purpose, QWidget *parent)
     : QDialog(parent), m_history(history), m_model(new HistoryModel(text, history, this)),
       m_servos(new QComboBox(this)), m_table(new QTableView(this)), m_message(new QLabel(this)),
       m_compare(makeButton("historyCompareButton", tr("&Compare with the servo"), &HistoryDialog::compareWanted)),
       m_restore(makeButton("historyRestoreButton", tr("&Restore\u2026"), &HistoryDialog::restoreWanted)),
-      m_save(makeButton("historySaveButton", tr("&Save as\u2026"), &HistoryDialog::saveWanted))
+      m_save(makeButton("historySaveButton", tr("&Save as\u2026"), &HistoryDialog::saveWanted)),
+      m_fromFile(new QPushButton(tr("Restore a &file\u2026"), this))
 {
     setObjectName(QStringLiteral("historyDialog"));
-    setWindowTitle(tr("History"));
+    m_fromFile->setObjectName(QStringLiteral("historyFileButton"));
+    m_fromFile->setAutoDefault(false);
+    connect(m_fromFile, &QPushButton::clicked, this, &HistoryDialog::restoreFileWanted);
     m_servos->setObjectName(QStringLiteral("historyServoComboBox"));
     m_message->setObjectName(QStringLiteral("historyMessageLabel"));
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
     makeTable();
-    layOut();
+    layOut(purpose);
     connect(m_servos, qOverload<int>(&QComboBox::currentIndexChanged), this, &HistoryDialog::onServoChosen);
     connect(m_model, &HistoryModel::errorChanged, this, &HistoryDialog::showMessage);
     const QFontMetrics metrics = fontMetrics();
@@ -107,19 +110,34 @@ QPushButton *HistoryDialog::makeButton(const char *name, const QString &text, Si
     return button;
 }
 
-void HistoryDialog::layOut()
+void HistoryDialog::layOut(Purpose purpose)
 {
+    const struct
+    {
+        QString title;
+        QString introduction;
+    } texts[] = {
+        {tr("History"), {}},
+        {tr("Restore"), tr("Choose what the connected servo is to get back: from what is kept of it, or a file.")},
+        {tr("Replace a servo"), tr("Choose the servo that is missing and what it had. The connected servo gets all of "
+                                   "it, id and baud rate last.")},
+    };
+    setWindowTitle(texts[int(purpose)].title);
+    auto *introduction = new QLabel(texts[int(purpose)].introduction, this);
+    introduction->setWordWrap(true);
+    introduction->setVisible(purpose != Purpose::Look);
     auto *caption = new QLabel(tr("Ser&vo:"), this);
     caption->setBuddy(m_servos);
     auto *chooser = new QHBoxLayout;
     chooser->addWidget(caption);
     chooser->addWidget(m_servos, 1);
     auto *buttons = new QDialogButtonBox(this);
-    for (QPushButton *button : {m_compare, m_restore, m_save})
+    for (QPushButton *button : {m_compare, m_restore, m_fromFile, m_save})
         buttons->addButton(button, QDialogButtonBox::ActionRole);
     buttons->addButton(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
+    layout->addWidget(introduction);
     layout->addLayout(chooser);
     layout->addWidget(m_table, 1);
     layout->addWidget(m_message);
@@ -232,6 +250,8 @@ void HistoryDialog::updateButtons()
         button->setEnabled(reason.isEmpty());
         button->setToolTip(reason);
     }
+    m_fromFile->setEnabled(m_connected != nullptr);
+    m_fromFile->setToolTip(m_connected ? QString() : whyNotWithServo());
     m_save->setEnabled(isReadable);
     m_save->setToolTip(isReadable ? QString() : reason);
 }

@@ -24,8 +24,15 @@ class HistoryDialog : public QDialog
     Q_OBJECT
 
 public:
+    /** What it is opened for, which its title and its first line say. */
+    enum class Purpose {
+        Look,
+        Restore,
+        Replace, ///< to give a new servo what a missing one had
+    };
+
     /** @param text, @param history must outlive the dialog. */
-    HistoryDialog(const FieldText &text, profile::History &history, QWidget *parent);
+    HistoryDialog(const FieldText &text, profile::History &history, Purpose purpose, QWidget *parent);
     ~HistoryDialog() override;
 
     /** Shows @p servo, also when nothing is kept of it yet. */
@@ -40,6 +47,8 @@ Q_SIGNALS:
     void compareWanted(const profile::Profile &profile, const QString &title);
     /** The same, to be restored. */
     void restoreWanted(const profile::Profile &profile, const QString &title);
+    /** What a file of the user's has is to be restored. */
+    void restoreFileWanted();
     /** @p profile is to be written to a file of the user's. */
     void saveWanted(const profile::Profile &profile, const QString &title);
 
@@ -51,7 +60,7 @@ private:
 
     void makeTable();
     QPushButton *makeButton(const char *name, const QString &text, Signal wanted);
-    void layOut();
+    void layOut(Purpose purpose);
     void fillServos(const profile::ServoKey &shown);
     void onServoChosen();
     void togglePin();
@@ -69,6 +78,7 @@ private:
     QPushButton *m_compare;
     QPushButton *m_restore;
     QPushButton *m_save;
+    QPushButton *m_fromFile;
     const model::Family *m_connected = nullptr;
 };
 

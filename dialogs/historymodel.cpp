@@ -98,7 +98,7 @@ QString HistoryModel::changeText(int row) const
         return tr("first kept");
     if (lines.isEmpty())
         return QStringLiteral("\u2013"); // what came in between cannot be read
-    return lines.size() == 1 ? lines.front() : tr("%1 parameters").arg(lines.size());
+    return lines.join(QLatin1String("; "));
 }
 
 int HistoryModel::rowCount(const QModelIndex &parent) const

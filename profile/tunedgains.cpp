@@ -22,26 +22,24 @@ Profile tunedGains(const model::RegisterImage &image)
     const model::Family &family = image.family();
     if (!image.isKnown(0, family.tableSize))
         return gains;
-    const Profile stored = Profile::of(image, {});
-    gains.model = stored.model;
-    gains.firmware = stored.firmware;
-    gains.id = stored.id;
-    for (const model::Field *field : nonVolatileFields(family)) {
-        if (const model::Field *inForce = fieldInForce(family, *field))
-            gains.values.push_back({field, *image.raw(*inForce)});
+    gains.model = quint16(*image.raw(QLatin1String("model_number")));
+    for (const model::Field &field : family.fields) {
+        const model::Field *inForce = fieldInForce(family, field);
+        if (inForce && field.access == model::Access::NonVolatile)
+            gains.values.push_back({&field, *image.raw(*inForce)});
     }
     return gains;
 }
 
 std::vector<Pair> differingGains(const model::RegisterImage &image)
 {
-    const Profile gains = tunedGains(image);
-    if (gains.values.empty())
-        return {};
-    std::vector<const model::Field *> chosen;
-    for (const Value &value : gains.values)
-        chosen.push_back(value.field);
-    return compare(Profile::of(image, {}), gains, chosen).differences();
+    std::vector<Pair> different;
+    for (const Value &value : tunedGains(image).values) {
+        const Pair pair{value.field, *image.raw(*value.field), value.raw};
+        if (!pair.isEqual())
+            different.push_back(pair);
+    }
+    return different;
 }
 
 } // namespace profile

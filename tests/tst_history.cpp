@@ -331,7 +331,7 @@ private Q_SLOTS:
         fixture.fill(1, 3);
         Fixture::write(fixture.path(fixture.entryOf(1).file), "{");
         const PlainText text;
-        dialogs::HistoryDialog dialog(text, fixture.history, nullptr);
+        dialogs::HistoryDialog dialog(text, fixture.history, dialogs::HistoryDialog::Purpose::Look, nullptr);
         QString wanted;
         connect(&dialog, &dialogs::HistoryDialog::restoreWanted, this,
                 [&wanted](const Profile &profile, const QString &title) {

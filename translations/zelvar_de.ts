@@ -218,6 +218,74 @@
         <source>Stopped.</source>
         <translation>Abgebrochen.</translation>
     </message>
+    <message>
+        <source>not kept in the history: %1</source>
+        <translation>nicht im Verlauf festgehalten: %1</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>Re&amp;place a servo…</source>
+        <translation>Servo &amp;ersetzen…</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the tuned gains…</source>
+        <translation>Erprobte Ve&amp;rstärkungen behalten…</translation>
+    </message>
+    <message>
+        <source>&amp;History…</source>
+        <translation>Ver&amp;lauf…</translation>
+    </message>
+    <message>
+        <source>A restart gives the servo its stored gains and profiles again. To store those in use: menu Servo, Keep the tuned gains.</source>
+        <translation>Ein Neustart gibt dem Servo wieder seine gespeicherten Verstärkungen und Profile. Um die wirksamen zu speichern: Menü Servo, Erprobte Verstärkungen behalten.</translation>
+    </message>
+    <message>
+        <source>%1: %2 in use, %3 stored</source>
+        <translation>%1: %2 wirksam, %3 gespeichert</translation>
+    </message>
+    <message>
+        <source>gains not kept</source>
+        <translation>Verstärkungen nicht gesichert</translation>
+    </message>
+    <message>
+        <source>The history has other values for this id. Another servo may have it now, or what was changed without being stored was lost with the supply.</source>
+        <translation>Der Verlauf hat andere Werte für diese Id. Vielleicht hat sie jetzt ein anderer Servo, oder was geändert und nicht gespeichert war, ging mit der Versorgung verloren.</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>The gains and profiles in use are the stored ones.</source>
+        <translation>Die wirksamen Verstärkungen und Profile sind die gespeicherten.</translation>
+    </message>
+    <message>
+        <source>backed up: %1</source>
+        <translation>gesichert: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>the gains and profiles in use</source>
+        <translation>den wirksamen Verstärkungen und Profilen</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Wirksam</translation>
+    </message>
+    <message>
+        <source>what servo %1 had on %2</source>
+        <translation>dem, was Servo %1 am %2 hatte</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -1843,10 +1911,6 @@
         <translation>%1, verglichen mit %2</translation>
     </message>
     <message>
-        <source>What is ticked gets the file&apos;s values. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
-        <translation>Was angekreuzt ist, bekommt die Werte der Datei. Id, Baudrate und Nullpunktversatz gehören zu einem einzelnen Servo: Sie bleiben, wie sie sind, wenn Sie sie nicht ankreuzen.</translation>
-    </message>
-    <message>
         <source>Fields</source>
         <translation>Felder</translation>
     </message>
@@ -1894,6 +1958,10 @@
         <source>Not all is as it was to be: %1.</source>
         <translation>Nicht alles ist, wie es sein sollte: %1.</translation>
     </message>
+    <message>
+        <source>What is ticked is written. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
+        <translation>Was angekreuzt ist, wird geschrieben. Id, Baudrate und Nullpunktversatz gehören zu einem einzelnen Servo: Sie werden ausgelassen, wenn Sie sie nicht ankreuzen.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -1912,10 +1980,6 @@
     <message>
         <source>The servo has</source>
         <translation>Der Servo hat</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
     </message>
     <message>
         <source>Result</source>
@@ -2004,6 +2068,26 @@
         <source>Nothing is kept yet. What a servo has is kept at each Connect and after each Apply, when it has changed.</source>
         <translation>Noch ist nichts aufbewahrt. Was ein Servo hat, wird bei jedem Verbinden und nach jedem Anwenden aufbewahrt, wenn es sich geändert hat.</translation>
     </message>
+    <message>
+        <source>Restore a &amp;file…</source>
+        <translation>&amp;Datei wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Choose what the connected servo is to get back: from what is kept of it, or a file.</source>
+        <translation>Wählen Sie, was der verbundene Servo zurückbekommen soll: aus dem, was von ihm festgehalten ist, oder eine Datei.</translation>
+    </message>
+    <message>
+        <source>Replace a servo</source>
+        <translation>Servo ersetzen</translation>
+    </message>
+    <message>
+        <source>Choose the servo that is missing and what it had. The connected servo gets all of it, id and baud rate last.</source>
+        <translation>Wählen Sie den Servo, der fehlt, und was er hatte. Der verbundene Servo bekommt alles davon, Id und Baudrate zuletzt.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::HistoryModel</name>
@@ -2035,10 +2119,6 @@
     <message>
         <source>first kept</source>
         <translation>zuerst aufbewahrt</translation>
-    </message>
-    <message>
-        <source>%1 parameters</source>
-        <translation>%1 Parameter</translation>
     </message>
     <message>
         <source>pinned</source>

@@ -218,6 +218,74 @@
         <source>Stopped.</source>
         <translation>Detenido.</translation>
     </message>
+    <message>
+        <source>not kept in the history: %1</source>
+        <translation>no guardado en el historial: %1</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message>
+        <source>Re&amp;place a servo…</source>
+        <translation>R&amp;eemplazar un servo…</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the tuned gains…</source>
+        <translation>Con&amp;servar las ganancias ajustadas…</translation>
+    </message>
+    <message>
+        <source>&amp;History…</source>
+        <translation>&amp;Historial…</translation>
+    </message>
+    <message>
+        <source>A restart gives the servo its stored gains and profiles again. To store those in use: menu Servo, Keep the tuned gains.</source>
+        <translation>Un reinicio devuelve al servo sus ganancias y perfiles guardados. Para guardar los que están en uso: menú Servo, Conservar las ganancias ajustadas.</translation>
+    </message>
+    <message>
+        <source>%1: %2 in use, %3 stored</source>
+        <translation>%1: %2 en uso, %3 guardado</translation>
+    </message>
+    <message>
+        <source>gains not kept</source>
+        <translation>ganancias no guardadas</translation>
+    </message>
+    <message>
+        <source>The history has other values for this id. Another servo may have it now, or what was changed without being stored was lost with the supply.</source>
+        <translation>El historial tiene otros valores para este id. Quizá ahora lo tenga otro servo, o lo cambiado sin guardar se perdió con la alimentación.</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparar</translation>
+    </message>
+    <message>
+        <source>The gains and profiles in use are the stored ones.</source>
+        <translation>Las ganancias y perfiles en uso son los guardados.</translation>
+    </message>
+    <message>
+        <source>backed up: %1</source>
+        <translation>copia guardada: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message>
+        <source>the gains and profiles in use</source>
+        <translation>las ganancias y perfiles en uso</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>En uso</translation>
+    </message>
+    <message>
+        <source>what servo %1 had on %2</source>
+        <translation>lo que el servo %1 tenía el %2</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>
@@ -1843,10 +1911,6 @@
         <translation>%1, comparado con %2</translation>
     </message>
     <message>
-        <source>What is ticked gets the file&apos;s values. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
-        <translation>Lo marcado recibe los valores del archivo. Id, velocidad en baudios y desfase del origen son de un solo servo: se omiten si no los marca.</translation>
-    </message>
-    <message>
         <source>Fields</source>
         <translation>Campos</translation>
     </message>
@@ -1894,6 +1958,10 @@
         <source>Not all is as it was to be: %1.</source>
         <translation>No todo está como debía: %1.</translation>
     </message>
+    <message>
+        <source>What is ticked is written. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
+        <translation>Lo marcado se escribe. Id, velocidad en baudios y desfase del origen son de un solo servo: se omiten si no los marca.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -1912,10 +1980,6 @@
     <message>
         <source>The servo has</source>
         <translation>El servo tiene</translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation>Archivo</translation>
     </message>
     <message>
         <source>Result</source>
@@ -2004,6 +2068,26 @@
         <source>Nothing is kept yet. What a servo has is kept at each Connect and after each Apply, when it has changed.</source>
         <translation>Todavía no se ha conservado nada. Lo que tiene un servo se conserva cada vez que se conecta y después de cada aplicación, cuando ha cambiado.</translation>
     </message>
+    <message>
+        <source>Restore a &amp;file…</source>
+        <translation>Restaurar un &amp;archivo…</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restaurar</translation>
+    </message>
+    <message>
+        <source>Choose what the connected servo is to get back: from what is kept of it, or a file.</source>
+        <translation>Elija qué debe recuperar el servo conectado: de lo guardado de él, o un archivo.</translation>
+    </message>
+    <message>
+        <source>Replace a servo</source>
+        <translation>Reemplazar un servo</translation>
+    </message>
+    <message>
+        <source>Choose the servo that is missing and what it had. The connected servo gets all of it, id and baud rate last.</source>
+        <translation>Elija el servo que falta y lo que tenía. El servo conectado lo recibe todo, id y velocidad en baudios al final.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::HistoryModel</name>
@@ -2035,10 +2119,6 @@
     <message>
         <source>first kept</source>
         <translation>primera entrada</translation>
-    </message>
-    <message>
-        <source>%1 parameters</source>
-        <translation>%1 parámetros</translation>
     </message>
     <message>
         <source>pinned</source>

@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/linkline.h"
+#include "dialogs/historymodel.h"
 #include "profile/profilefile.h"
 #include "profile/tunedgains.h"
 #include "session/applyproof.h"
@@ -12,7 +13,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLocale>
 #include <QMenu>
 #include <QStandardPaths>
 
@@ -73,7 +73,8 @@ Backups::Backups(QWidget &window, const QWidget &view, LinkLine &line, const Lin
     });
     connect(&line, &LinkLine::offerAccepted, this, [this] {
         if (m_before)
-            show({*m_before, keptName(*m_before), tr("Before"), {}}, Purpose::Compare);
+            show({*m_before, keptName(*m_before, dialogs::HistoryModel::timeText(m_before->time)), tr("Before"), {}},
+                 Purpose::Compare);
     });
     refresh();
 }
@@ -151,8 +152,9 @@ void Backups::onDiffers(int count, const Profile &before)
 {
     m_before = before;
     const QString text = HistoryKeeper::surprise(count, before.time.toLocalTime().date(), QDate::currentDate());
-    const QString tip = tr("The history has other values for this id. Another servo may have it now, or what was changed "
-                           "without being stored was lost with the supply.");
+    const QString tip =
+        tr("The history has other values for this id. Another servo may have it now, or what was changed "
+           "without being stored was lost with the supply.");
     m_line.offer(text, text + QLatin1Char('\n') + tip, tr("Compare"));
 }
 
@@ -240,7 +242,7 @@ void Backups::showHistory(HistoryDialog::Purpose purpose)
     m_historyDialog->setAttribute(Qt::WA_DeleteOnClose);
     const auto shown = [this](Purpose wanted) {
         return [this, wanted](const Profile &profile, const QString &title) {
-            show({profile, title, tr("History"), {}}, wanted);
+            show({profile, keptName(profile, title), tr("History"), {}}, wanted);
         };
     };
     connect(m_historyDialog, &HistoryDialog::compareWanted, this, shown(Purpose::Compare));
@@ -250,15 +252,33 @@ void Backups::showHistory(HistoryDialog::Purpose purpose)
             [this] { askAndOpen(tr("Restore"), Purpose::Restore); });
     m_historyDialog->setConnected(m_isServoThere ? &m_link.image->family() : nullptr);
     if (m_isServoThere)
-        m_historyDialog->showServo({servo().model, *servo().id});
+        m_historyDialog->showServo(m_isReplacing ? missingServo() : servoKey());
     m_historyDialog->show();
+}
+
+/** REQUIRES: the servo is there. */
+profile::ServoKey Backups::servoKey() const
+{
+    const Profile present = servo();
+    return {present.model, *present.id};
+}
+
+/** Another one of the same model as the connected servo, if there is one. */
+profile::ServoKey Backups::missingServo() const
+{
+    const profile::ServoKey present = servoKey();
+    for (const profile::KnownServo &known : m_history.servos()) {
+        if (known.servo.model == present.model && known.servo.id != present.id)
+            return known.servo;
+    }
+    return present;
 }
 
 void Backups::showTunedGains()
 {
     if (!m_unkept.empty())
         show({profile::tunedGains(*m_link.image), tr("the gains and profiles in use"), tr("In use"), {}},
-             Purpose::Restore);
+             Purpose::Keep);
 }
 
 /** REQUIRES: the servo is there. */
@@ -272,11 +292,9 @@ QString Backups::servoName() const
     return tr("Servo %1 on %2").arg(m_link.connection.address().id).arg(m_port.name());
 }
 
-QString Backups::keptName(const Profile &profile) const
+QString Backups::keptName(const Profile &profile, const QString &title)
 {
-    return tr("what servo %1 had on %2")
-        .arg(profile.id.value_or(0))
-        .arg(QLocale().toString(profile.time.toLocalTime(), QLocale::ShortFormat));
+    return tr("what servo %1 had: %2").arg(profile.id.value_or(0)).arg(title);
 }
 
 /** What is no obstacle but might be a mistake. */

@@ -100,7 +100,9 @@ private:
     void rememberFolder(const QString &path);
     profile::Profile servo() const;
     QString servoName() const;
-    QString keptName(const profile::Profile &profile) const;
+    profile::ServoKey servoKey() const;
+    profile::ServoKey missingServo() const;
+    static QString keptName(const profile::Profile &profile, const QString &title);
     static QStringList notesOn(const profile::Profile &file, const profile::Profile &servo);
     void show(const Source &source, Purpose purpose);
     void restore(const profile::RestoreWish &wish);
@@ -119,8 +121,8 @@ private:
     std::vector<QAction *> m_servoActions; ///< of use while a servo is there; as the others the window's
     QAction *m_keepGains = nullptr;
     QAction *m_showHistory = nullptr;
-    bool m_isServoThere = false;         ///< it answers, and all of it has been read
-    std::vector<profile::Pair> m_unkept; ///< gains and profiles in use that are stored otherwise
+    bool m_isServoThere = false;              ///< it answers, and all of it has been read
+    std::vector<profile::Pair> m_unkept;      ///< gains and profiles in use that are stored otherwise
     std::optional<profile::Profile> m_before; ///< what the servo's id had, when that is offered for comparison
     bool m_isMotorOn = false;
     QPointer<dialogs::HistoryDialog> m_historyDialog;

@@ -22,7 +22,9 @@ namespace dialogs {
 
 namespace {
 
-constexpr int LeastRows = 6;        ///< that the table has room for
+constexpr int MostNotes = 3;        ///< that are shown
+constexpr int LeastRows = 3;        ///< that the table has room for on any screen
+constexpr int UsualRows = 6;        ///< that it has room for at first
 constexpr int MostRows = 20;        ///< that the dialog makes room for at first
 constexpr int LeastColumns = 80;    ///< characters that the dialog is wide
 constexpr double ScreenShare = 0.9; ///< of the screen that it takes at most
@@ -61,24 +63,37 @@ private:
 };
 
 ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpose purpose, QWidget *parent)
-    : QDialog(parent), m_subject(std::move(subject)), m_purpose(purpose),
-      m_model(new ComparisonModel(text, m_subject.fileTitle, purpose == Purpose::Restore, this)),
-      m_filter(new DifferenceFilter(this)), m_table(new QTableView(this)), m_statement(makeLabel({}, this)),
+    : QDialog(parent), m_subject(std::move(subject)), m_isWriting(purpose != Purpose::Compare), m_purpose(purpose),
+      m_model(new ComparisonModel(text, m_subject.fileTitle, m_isWriting, this)), m_filter(new DifferenceFilter(this)),
+      m_table(new QTableView(this)), m_statement(makeLabel({}, this)),
       m_onlyDifferences(new QCheckBox(tr("Only &differences"), this)),
       m_stopMotor(
           new QCheckBox(tr("Switch the &motor off first, which frees the shaft: what it carries may fall"), this))
 {
     setObjectName(QStringLiteral("comparisonDialog"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    const bool isRestore = purpose == Purpose::Restore;
-    setWindowTitle(isRestore ? tr("Restore") : tr("Compare"));
+    m_stopMotor->setObjectName(QStringLiteral("stopMotorCheckBox"));
+    m_statement->setObjectName(QStringLiteral("statementLabel"));
+    m_stopMotor->hide();
+    layOut();
+    m_model->compare(m_subject.servo, m_subject.file);
+    connect(m_model, &ComparisonModel::chosenChanged, this, &ComparisonDialog::onChosen);
+    connect(m_stopMotor, &QCheckBox::toggled, this, &ComparisonDialog::onChosen);
+    refresh();
+    resize(0, 0);
+    fit();
+}
+
+ComparisonDialog::~ComparisonDialog() = default;
+
+void ComparisonDialog::layOut()
+{
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(makeLabel(tr("%1, compared with %2").arg(m_subject.servoName, m_subject.fileName), this));
-    for (const QString &note : m_subject.notes)
-        layout->addWidget(makeLabel(note, this));
+    addNotes(*layout);
     const auto &values = m_subject.file.values;
     const auto isOwn = [](const profile::Value &value) { return profile::belongsToOneServo(*value.field); };
-    if (isRestore && std::any_of(values.begin(), values.end(), isOwn))
+    if (m_isWriting && std::any_of(values.begin(), values.end(), isOwn))
         layout->addWidget(makeLabel(tr("What is ticked is written. Id, baud rate and home position offset belong to "
                                        "one servo: they are left out unless you tick them."),
                                     this));
@@ -88,18 +103,22 @@ ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpo
     layout->addWidget(m_stopMotor);
     layout->addWidget(m_statement);
     makeButtons();
-    m_stopMotor->hide();
-    m_stopMotor->setObjectName(QStringLiteral("stopMotorCheckBox"));
-    m_statement->setObjectName(QStringLiteral("statementLabel"));
-    m_model->compare(m_subject.servo, m_subject.file);
-    connect(m_model, &ComparisonModel::chosenChanged, this, &ComparisonDialog::refresh);
-    connect(m_stopMotor, &QCheckBox::toggled, this, &ComparisonDialog::refresh);
-    refresh();
-    resize(0, 0);
-    fit();
 }
 
-ComparisonDialog::~ComparisonDialog() = default;
+/** So many as leave the table its place; the tip has all. */
+void ComparisonDialog::addNotes(QLayout &layout)
+{
+    QStringList notes = m_subject.notes;
+    const QString all = notes.join(QLatin1Char('\n'));
+    const int more = notes.size() - MostNotes;
+    if (more > 0)
+        notes = notes.mid(0, MostNotes) + QStringList{tr("… and %1 more, which the tip of this text tells").arg(more)};
+    if (notes.isEmpty())
+        return;
+    QLabel *label = makeLabel(notes.join(QLatin1Char('\n')), this);
+    label->setToolTip(all);
+    layout.addWidget(label);
+}
 
 void ComparisonDialog::makeTable()
 {
@@ -135,8 +154,17 @@ void ComparisonDialog::makeButtons()
     m_close = buttons->addButton(QDialogButtonBox::Close);
     QPushButton *copyButton = buttons->addButton(tr("&Copy as text"), QDialogButtonBox::ActionRole);
     connect(copyButton, &QPushButton::clicked, this, &ComparisonDialog::copy);
-    const bool isRestore = m_purpose == Purpose::Restore;
-    m_restore = buttons->addButton(isRestore ? tr("&Restore") : tr("&Restore…"), QDialogButtonBox::ActionRole);
+    const struct
+    {
+        QString title;
+        QString button;
+    } texts[] = {
+        {tr("Compare"), tr("&Restore…")},
+        {tr("Restore"), tr("&Restore")},
+        {tr("Keep the tuned gains"), tr("&Keep")},
+    };
+    setWindowTitle(texts[int(m_purpose)].title);
+    m_restore = buttons->addButton(texts[int(m_purpose)].button, QDialogButtonBox::ActionRole);
     m_restore->setObjectName(QStringLiteral("restoreButton"));
     connect(m_restore, &QPushButton::clicked, this, &ComparisonDialog::onRestore);
     // Return must not write by the way.
@@ -163,7 +191,7 @@ void ComparisonDialog::fit()
     const QSize screenSize = screen()->availableSize() * ScreenShare;
     const int leastWidth = LeastColumns * fontMetrics().averageCharWidth();
     const int width = qBound(leastWidth, columns + 2 * lineHeight, screenSize.width());
-    const int height = heightWith(qBound(LeastRows, m_filter->rowCount(), MostRows), width);
+    const int height = heightWith(qBound(UsualRows, m_filter->rowCount(), MostRows), width);
     setMinimumSize(QSize(leastWidth, heightWith(LeastRows, leastWidth)).boundedTo(screenSize));
     resize(QSize(width, height).boundedTo(screenSize).expandedTo(size()));
 }
@@ -175,9 +203,11 @@ void ComparisonDialog::chooseAddress()
 
 void ComparisonDialog::setMotorOn(bool isOn)
 {
-    m_isMotorOn = isOn;
-    m_stopMotor->setVisible(isOn && m_purpose == Purpose::Restore);
+    if (std::exchange(m_isMotorOn, isOn) == isOn)
+        return;
+    m_stopMotor->setVisible(isOn && m_isWriting && !m_isDone);
     refresh();
+    fit();
 }
 
 void ComparisonDialog::setHindrance(const QString &reason)
@@ -186,18 +216,25 @@ void ComparisonDialog::setHindrance(const QString &reason)
     refresh();
 }
 
+void ComparisonDialog::onChosen()
+{
+    m_obstacle.clear();
+    refresh();
+}
+
 void ComparisonDialog::refresh()
 {
-    const bool isRestore = m_purpose == Purpose::Restore;
-    const bool hasFields = isRestore ? !m_model->chosenFields().empty() : m_model->differenceCount() > 0;
-    const bool mayWrite = !isRestore || !m_isMotorOn || m_stopMotor->isChecked();
+    const bool hasFields = m_isWriting ? !m_model->chosenFields().empty() : m_model->differenceCount() > 0;
+    const bool mayWrite = !m_isWriting || !m_isMotorOn || m_stopMotor->isChecked();
     m_restore->setEnabled(hasFields && mayWrite && !m_isRunning && !m_isDone && m_hindrance.isEmpty());
     m_restore->setToolTip(m_hindrance);
     m_table->setEnabled(!m_isRunning);
     m_stopMotor->setEnabled(!m_isRunning);
     m_close->setText(m_isRunning ? tr("Stop") : tr("Close"));
-    if (!m_isRunning && !m_isDone)
-        m_statement->setText(m_hindrance.isEmpty() ? countText() : m_hindrance);
+    if (m_isRunning || m_isDone)
+        return;
+    const QString &reason = m_obstacle.isEmpty() ? m_hindrance : m_obstacle;
+    m_statement->setText(reason.isEmpty() ? countText() : reason);
 }
 
 QString ComparisonDialog::countText() const
@@ -206,14 +243,14 @@ QString ComparisonDialog::countText() const
     const int different = m_model->differenceCount();
     const QString counts =
         tr("%1 fields compared, %2 equal, %3 different").arg(all).arg(all - different).arg(different);
-    if (m_purpose == Purpose::Compare || different == 0)
+    if (!m_isWriting || different == 0)
         return counts;
     return tr("%1; %2 ticked").arg(counts).arg(m_model->chosenFields().size());
 }
 
 void ComparisonDialog::onRestore()
 {
-    if (m_purpose == Purpose::Restore)
+    if (m_isWriting)
         Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked()});
     else
         Q_EMIT restoreOfferWanted();
@@ -233,9 +270,11 @@ void ComparisonDialog::showReport(const profile::RestoreReport &report, const QS
     const int leftOut = m_model->differenceCount() - int(report.fields.size());
     if (m_isDone)
         m_model->showReport(report);
+    m_obstacle = obstacle;
     m_stopMotor->setVisible(m_isMotorOn && !m_isDone);
     refresh();
-    m_statement->setText(m_isDone ? resultText(report, leftOut) : obstacle);
+    if (m_isDone)
+        m_statement->setText(resultText(report, leftOut));
     fit();
     m_close->setFocus();
 }
@@ -252,8 +291,9 @@ QString ComparisonDialog::resultText(const profile::RestoreReport &report, int l
                                .arg(written)
                                .arg(refused)
                                .arg(leftOut);
-    return (report.isRestored() ? tr("Restored and read back: %1.") : tr("Not all is as it was to be: %1."))
-        .arg(counts);
+    if (!report.isRestored())
+        return tr("Not all is as it was to be: %1.").arg(counts);
+    return (m_purpose == Purpose::Keep ? tr("Kept and read back: %1.") : tr("Restored and read back: %1.")).arg(counts);
 }
 
 QString ComparisonDialog::asText() const

@@ -37,7 +37,11 @@ class ComparisonDialog : public QDialog
     Q_OBJECT
 
 public:
-    enum class Purpose { Compare, Restore };
+    enum class Purpose {
+        Compare,
+        Restore,
+        Keep, ///< of what is in use, in place of what is stored
+    };
 
     /** @param text must outlive the dialog. */
     ComparisonDialog(const FieldText &text, Subject subject, Purpose purpose, QWidget *parent);
@@ -69,8 +73,11 @@ Q_SIGNALS:
     void restoreOfferWanted();
 
 private:
+    void layOut();
+    void addNotes(QLayout &layout);
     void makeTable();
     void makeButtons();
+    void onChosen();
     void fit();
     void refresh();
     QString countText() const;
@@ -79,6 +86,7 @@ private:
     void onRestore();
 
     const Subject m_subject;
+    const bool m_isWriting; ///< its purpose
     const Purpose m_purpose;
     ComparisonModel *m_model; ///< as all below children
     DifferenceFilter *m_filter;
@@ -89,6 +97,7 @@ private:
     QPushButton *m_restore = nullptr;
     QPushButton *m_close = nullptr;
     QString m_hindrance;
+    QString m_obstacle; ///< what was in the way of the latest restore, until the user changes something
     bool m_isMotorOn = false;
     bool m_isRunning = false;
     bool m_isDone = false;

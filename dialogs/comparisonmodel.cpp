@@ -179,7 +179,7 @@ QString ComparisonModel::resultText(const Row &row) const
     switch (row.result->fate) {
     case Fate::Equal:
     case Fate::Written:
-        return tr("restored");
+        return tr("written");
     case Fate::Refused:
         return tr("refused (%1); it has %2").arg(m_text.refusal(row.result->error), now);
     case Fate::LeftOut:

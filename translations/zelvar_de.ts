@@ -283,8 +283,8 @@
         <translation>Wirksam</translation>
     </message>
     <message>
-        <source>what servo %1 had on %2</source>
-        <translation>dem, was Servo %1 am %2 hatte</translation>
+        <source>what servo %1 had: %2</source>
+        <translation>dem, was Servo %1 hatte: %2</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1962,22 @@
         <source>What is ticked is written. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
         <translation>Was angekreuzt ist, wird geschrieben. Id, Baudrate und Nullpunktversatz gehören zu einem einzelnen Servo: Sie werden ausgelassen, wenn Sie sie nicht ankreuzen.</translation>
     </message>
+    <message>
+        <source>… and %1 more, which the tip of this text tells</source>
+        <translation>… und %1 mehr, siehe den Hinweis zu diesem Text</translation>
+    </message>
+    <message>
+        <source>Keep the tuned gains</source>
+        <translation>Erprobte Verstärkungen behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Behalten</translation>
+    </message>
+    <message>
+        <source>Kept and read back: %1.</source>
+        <translation>Behalten und zurückgelesen: %1.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -1994,10 +2010,6 @@
         <translation>ausgelassen</translation>
     </message>
     <message>
-        <source>restored</source>
-        <translation>wiederhergestellt</translation>
-    </message>
-    <message>
         <source>refused (%1); it has %2</source>
         <translation>abgelehnt (%1); er hat %2</translation>
     </message>
@@ -2008,6 +2020,10 @@
     <message>
         <source>not kept; it has %1</source>
         <translation>nicht behalten; er hat %1</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>geschrieben</translation>
     </message>
 </context>
 <context>

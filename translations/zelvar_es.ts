@@ -283,8 +283,8 @@
         <translation>En uso</translation>
     </message>
     <message>
-        <source>what servo %1 had on %2</source>
-        <translation>lo que el servo %1 tenía el %2</translation>
+        <source>what servo %1 had: %2</source>
+        <translation>lo que tenía el servo %1: %2</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1962,22 @@
         <source>What is ticked is written. Id, baud rate and home position offset belong to one servo: they are left out unless you tick them.</source>
         <translation>Lo marcado se escribe. Id, velocidad en baudios y desfase del origen son de un solo servo: se omiten si no los marca.</translation>
     </message>
+    <message>
+        <source>… and %1 more, which the tip of this text tells</source>
+        <translation>… y %1 más; vea el texto emergente</translation>
+    </message>
+    <message>
+        <source>Keep the tuned gains</source>
+        <translation>Conservar las ganancias ajustadas</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>Con&amp;servar</translation>
+    </message>
+    <message>
+        <source>Kept and read back: %1.</source>
+        <translation>Conservado y releído: %1.</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -1994,10 +2010,6 @@
         <translation>omitido</translation>
     </message>
     <message>
-        <source>restored</source>
-        <translation>restaurado</translation>
-    </message>
-    <message>
         <source>refused (%1); it has %2</source>
         <translation>rechazado (%1); tiene %2</translation>
     </message>
@@ -2008,6 +2020,10 @@
     <message>
         <source>not kept; it has %1</source>
         <translation>no conservado; tiene %1</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>escrito</translation>
     </message>
 </context>
 <context>

@@ -355,9 +355,9 @@ void Backups::restore(const profile::RestoreWish &wish)
     m_restoration = std::make_unique<profile::Restoration>(m_link.bus, open, Patience);
     // From the event loop, so that the restoration has returned from all that it does.
     connect(m_restoration.get(), &profile::Restoration::ended, this, &Backups::onRestored, Qt::QueuedConnection);
-    m_openBaudRate = address.baudRate;
     m_keeper.expectChange();
     m_port.takeOver();
+    m_openBaudRate = m_link.bus.isOpen() ? address.baudRate : 0;
     m_restoration->begin(address, wish);
 }
 

@@ -39,10 +39,11 @@ QString dayText(const QDate &day, const QDate &today)
 
 HistoryKeeper::HistoryKeeper(session::Connection &connection, session::ApplyProof &proof, profile::History &history,
                              std::function<QDateTime()> now)
-    : m_history(history), m_now(std::move(now))
+    : m_connection(connection), m_history(history), m_now(std::move(now))
 {
     connect(&connection, &session::Connection::stateChanged, this, &HistoryKeeper::onStateChanged);
     connect(&connection, &session::Connection::polled, this, &HistoryKeeper::onPolled);
+    connect(&proof, &session::ApplyProof::read, this, &HistoryKeeper::onProofRead);
     connect(&proof, &session::ApplyProof::reported, this, &HistoryKeeper::onReported);
 }
 
@@ -61,8 +62,23 @@ void HistoryKeeper::onStateChanged(State state, State before)
     m_isUnknown |= state == State::Identifying || before == State::Silent;
 }
 
+/** Takes what the proof of an Apply has read: the connection may end before the next poll. */
+void HistoryKeeper::onProofRead(const QByteArray &registers)
+{
+    const model::Family *family = m_connection.family();
+    if (!family || m_isUnknown)
+        return;
+    model::RegisterImage image(family);
+    image.take(0, registers, {});
+    m_isKeptByProof = image.isKnown(0, family->tableSize);
+    if (m_isKeptByProof)
+        keep(profile::Profile::of(image, m_now()));
+}
+
 void HistoryKeeper::onReported(const session::ApplyReport &report)
 {
+    if (std::exchange(m_isKeptByProof, false))
+        return;
     // Of what was not applied, or not proved, some may have taken.
     m_isKeepDue |= report.verdict != session::ApplyReport::Verdict::Dropped;
 }

@@ -15,7 +15,8 @@ class ApplyProof;
 
 /**
  * Keeps what the connected servo has in the history, without being asked: after each Connect, after a silence, in which
- * the servo may have been exchanged, and after each Apply. Sends nothing: it takes the polls. GUI thread only.
+ * the servo may have been exchanged, and after each Apply. Sends nothing: it takes the polls, and what proofs read. GUI
+ * thread only.
  */
 class HistoryKeeper : public QObject
 {
@@ -52,14 +53,17 @@ Q_SIGNALS:
 
 private:
     void onStateChanged(session::State state, session::State before);
+    void onProofRead(const QByteArray &registers);
     void onReported(const session::ApplyReport &report);
     void onPolled(const model::RegisterImage &image);
     void compare(const profile::Profile &found);
     void keep(const profile::Profile &found);
 
+    session::Connection &m_connection;
     profile::History &m_history;
     std::function<QDateTime()> m_now;
     bool m_isUnknown = false;     ///< since the last keep, another servo may have come to the id
     bool m_isKeepDue = false;     ///< since the last keep, the user has changed the servo's parameters
+    bool m_isKeptByProof = false; ///< of an Apply that is going to be reported
     bool m_isFailureTold = false; ///< since the last entry
 };

@@ -2,6 +2,8 @@
 // program does not come into a state that a picture is of.
 
 #include "app/lightpalette.h"
+#include "dialogs/comparisondialog.h"
+#include "dialogs/historydialog.h"
 #include "search/searchdialog.h"
 #include "settings/settingsdialog.h"
 #include "tests/support/desk.h"
@@ -16,6 +18,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableView>
 #include <QToolBar>
 #include <QTreeWidget>
 
@@ -35,6 +38,7 @@ constexpr int SpanIndex = 2;     // ten seconds
 constexpr int SettleTime = 1200; // ms, in which the curves get their ends
 constexpr double Target = 2.5;   // rad
 constexpr double OnTheWay = 0.5; // rad
+constexpr int CloseTime = 200;   // ms, in which Disconnect closes the port
 constexpr int Patience = 20000;  // ms
 
 enum Tab {
@@ -78,6 +82,8 @@ public:
         takeMovement();
         takeRegisters();
         takeSteps();
+        m_desk.trigger("actionPlot");
+        takeUndoneReset();
         m_desk.trigger("actionDisconnect");
     }
 
@@ -162,6 +168,38 @@ private:
         take(*dock, "plot");
     }
 
+    /** A factory reset, what the history says of it, and the restore. */
+    void takeUndoneReset() const
+    {
+        edit("vParamsEditSaveToolButton", [this] { m_desk.find<QCheckBox>("enableMotorCheckBox")->setChecked(false); });
+        edit("nvParamsEditSaveToolButton", [this] {
+            m_desk.find<QDoubleSpinBox>("accelerationLimitDoubleSpinBox")->setValue(5.0);
+            m_desk.find<QDoubleSpinBox>("defVelocityIntegralTermDoubleSpinBox")->setValue(0.85);
+        });
+        m_desk.trigger("actionDisconnect");
+        QTest::qWait(CloseTime);
+        m_desk.trigger("actionReset");
+        m_desk.trigger("actionConnect");
+        const auto *offer = m_desk.find<QToolButton>("linkOfferButton");
+        require("the offer to compare", [offer] { return offer->isVisible(); });
+        take(*m_desk.find<QStatusBar>("statusBar"), "another-servo");
+
+        m_desk.trigger("actionRestore");
+        auto *history = m_desk.find<dialogs::HistoryDialog>("historyDialog");
+        auto *entries = history->findChild<QTableView *>("historyTable");
+        entries->selectRow(1); // what it had before the latest entry, the reset
+        take(*history, "history");
+        history->findChild<QPushButton *>("historyRestoreButton")->click();
+        auto *restore = m_desk.find<dialogs::ComparisonDialog>("comparisonDialog");
+        take(*restore, "restore");
+        restore->findChild<QPushButton *>("restoreButton")->click();
+        const auto *statement = restore->findChild<QLabel *>("statementLabel");
+        require("a restored servo", [statement] { return statement->text().startsWith("Restored"); });
+        take(*restore, "restored");
+        restore->close();
+        history->close();
+    }
+
     void edit(const char *button, const std::function<void()> &change) const
     {
         const auto *text = m_desk.find<QToolButton>(button);
@@ -169,9 +207,10 @@ private:
         m_desk.click(button);
         change();
         require("changes to apply", [text] { return text->isEnabled() && text->isChecked(); });
+        auto *event = m_desk.find<QLabel>("linkEventLabel");
+        event->clear(); // it tells of an earlier edit
         m_desk.click(button);
-        require("the changes in the servo",
-                [this] { return m_desk.find<QLabel>("linkEventLabel")->text().startsWith("applied"); });
+        require("the changes in the servo", [event] { return event->text().startsWith("applied"); });
     }
 
     QString position() const { return m_desk.text("actualPositionLineEdit"); }

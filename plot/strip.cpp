@@ -186,7 +186,9 @@ double Strip::leastSpan() const
     double span = 0;
     for (const Curve &curve : m_curves.curves) {
         const recording::Column &column = curve.column;
-        span = std::max(span, LeastSteps * std::abs(column.value(1) - column.value(0)));
+        const double step = std::abs(column.value(1) - column.value(0));
+        const model::Range &range = column.field->range; // of a switch, say, all that there is
+        span = std::max(span, step * std::min(LeastSteps, range.rawMax - range.rawMin));
     }
     return span;
 }
@@ -216,14 +218,14 @@ void Strip::showLegend(const View &view)
     for (const Curve &curve : m_curves.curves) {
         const QString unit = curve.unitText();
         const QString name = curve.name(m_family);
-        LegendEntry entry{curve.pen, unit.isEmpty() ? name : QStringLiteral("%1 [%2]").arg(name, unit), {}};
+        LegendEntry entry{curve.pen, unit.isEmpty() ? name : QStringLiteral("%1 [%2]").arg(name, unit), {}, {}};
         const double end = view.source.isEmpty() ? 0.0 : view.window.end();
         const auto value = valueAt(view.source, curve, view.cursor.value_or(end));
         if (value)
             entry.value = curve.text(*value);
         const auto other = view.reference ? valueAt(view.source, curve, *view.reference) : std::nullopt;
         if (value && other && view.cursor)
-            entry.value += QStringLiteral("  \u0394 ") + curve.text(*value - *other);
+            entry.difference = QStringLiteral("\u0394 ") + curve.text(*value - *other);
         entries.push_back(entry);
     }
     m_legend->setEntries(std::move(entries));

@@ -87,6 +87,7 @@ private:
     void holdIfTriggered();
     void refreshSteps();
     void showState();
+    void showSpan();
 
     QByteArray png() const;
     QByteArray svg() const;

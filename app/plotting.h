@@ -66,6 +66,7 @@ private:
     void stopRecording();
     void onRecordingFailed(const QString &reason);
     void onSampled(const model::RegisterImage &image);
+    void keepParameters(const model::RegisterImage &image);
     void showRecording();
     std::vector<recording::Column> recordedColumns() const;
     QString suggestedPath(const QString &suffix) const;
@@ -80,8 +81,9 @@ private:
     Settings m_settings;
     recording::Sampler m_sampler;
     std::unique_ptr<recording::FileRecording> m_recording; ///< null while there is none
-    QDockWidget *m_dock = nullptr;                         ///< the window's, as the actions; null until first shown
-    plot::PlotPane *m_pane = nullptr;                      ///< the dock's
+    bool m_isParameterFileDue = false;
+    QDockWidget *m_dock = nullptr;    ///< the window's, as the actions; null until first shown
+    plot::PlotPane *m_pane = nullptr; ///< the dock's
     QAction *m_showPane;
     QAction *m_record;
     QAction *m_recordPast;

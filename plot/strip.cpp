@@ -31,7 +31,10 @@ constexpr QRgb FaintColor = 0xff9a9a9a;
 constexpr QRgb CursorColor = 0xff404040;
 /** Steps of a field that fill a strip at least. */
 constexpr int LeastSteps = 20;
-constexpr double EndPart = 0.05; ///< of the scale of time, at each end, without texts
+constexpr int LeastNumbers = 2; ///< about, on the scale of values
+constexpr int MostNumbers = 4;
+constexpr double LinesPerNumber = 1.5; ///< of text, that a number takes there
+constexpr double EndPart = 0.05;       ///< of the scale of time, at each end, without texts
 constexpr double ZoomPerNotch = 1.25;
 constexpr double DegreesPerNotch = 120.0; ///< in eighths, as Qt tells them
 /** Keeps room for the widest number, so that the strips do not shift. */
@@ -132,6 +135,12 @@ void Strip::setTimeScaleVisible(bool isVisible)
     m_plot->enableAxis(QwtPlot::xBottom, isVisible);
 }
 
+int Strip::timeScaleHeight() const
+{
+    const QwtScaleWidget &scale = *m_plot->axisWidget(QwtPlot::xBottom);
+    return m_plot->axisEnabled(QwtPlot::xBottom) ? scale.minimumSizeHint().height() : 0;
+}
+
 void Strip::showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines)
 {
     showCurves(view, faint);
@@ -197,11 +206,13 @@ void Strip::showScales(const View &view)
 {
     m_plot->setAxisScale(QwtPlot::xBottom, view.window.begin(), view.window.end());
     // Set anew only when it changes: that lays the strip out again.
+    const double room = m_plot->canvas()->height() / (LinesPerNumber * fontMetrics().height());
+    const int numbers = std::clamp(int(room), LeastNumbers, MostNumbers);
+    if (m_plot->axisMaxMajor(QwtPlot::yLeft) != numbers)
+        m_plot->setAxisMaxMajor(QwtPlot::yLeft, numbers);
     const QwtInterval shown = m_plot->axisScaleDiv(QwtPlot::yLeft).interval();
-    if (shown.minValue() != m_range.lower() || shown.maxValue() != m_range.upper()) {
-        m_plot->setAxisMaxMajor(QwtPlot::yLeft, 4);
+    if (shown.minValue() != m_range.lower() || shown.maxValue() != m_range.upper())
         m_plot->setAxisScale(QwtPlot::yLeft, m_range.lower(), m_range.upper());
-    }
 }
 
 std::optional<double> Strip::valueAt(const PlotSource &source, const Curve &curve, double seconds)

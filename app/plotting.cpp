@@ -6,7 +6,6 @@
 #include "device/unitshelper.h"
 #include "plot/plotpane.h"
 #include "profile/profilefile.h"
-#include "recording/csvreader.h"
 #include "storage/replacefile.h"
 #include "widgets/followeddevice.h"
 
@@ -104,6 +103,7 @@ Plotting::Plotting(QMainWindow &window, LinkLine &line, const session::Connectio
         if (m_recording)
             m_recording->add(mark);
     });
+    m_reader.setMaxThreadCount(1);
     m_tellRecording.setInterval(TellInterval);
     connect(&m_tellRecording, &QTimer::timeout, this, &Plotting::showRecording);
 }
@@ -351,13 +351,20 @@ void Plotting::openFile()
 void Plotting::open(const QString &path)
 {
     setPaneShown(true);
-    QFile file(path);
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    recording::ReadResult result = isOpen ? recording::readCsv(file.readAll()) : recording::ReadResult{};
+    m_reader.start([this, path] {
+        QFile file(path);
+        const bool isOpen = file.open(QIODevice::ReadOnly);
+        auto result = isOpen ? recording::readCsv(file.readAll()) : recording::ReadResult{{}, file.errorString()};
+        QMetaObject::invokeMethod(this, [=] { showOpened(path, result); });
+    });
+}
+
+void Plotting::showOpened(const QString &path, recording::ReadResult result)
+{
     if (result.recording)
         m_pane->showRecording(std::move(*result.recording), QFileInfo(path).fileName());
     else
-        tellError(tr("Not opened"), path, isOpen ? result.error : file.errorString());
+        tellError(tr("Not opened"), path, result.error);
 }
 
 void Plotting::tellError(const QString &title, const QString &path, const QString &reason)

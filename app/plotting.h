@@ -1,10 +1,12 @@
 #pragma once
 
+#include "recording/csvreader.h"
 #include "recording/filerecording.h"
 #include "recording/sampler.h"
 #include "settings/settings.h"
 
 #include <QObject>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <functional>
@@ -48,7 +50,7 @@ public:
 
     /** Records to the file @p path what comes from now on. */
     void record(const QString &path) { recordFrom(path, recording::TimePoint::max()); }
-    /** Shows the recording at @p path in the pane. */
+    /** Shows the recording at @p path in the pane, once it has been read. */
     void open(const QString &path);
 
 Q_SIGNALS:
@@ -73,6 +75,7 @@ private:
     QString askWhereTo(const QString &title, const QString &suffix);
     void rememberFolder(const QString &path);
     void openFile();
+    void showOpened(const QString &path, recording::ReadResult result);
     void tellError(const QString &title, const QString &path, const QString &reason);
 
     QMainWindow &m_window;
@@ -89,4 +92,5 @@ private:
     QAction *m_recordPast;
     QAction *m_recordAll;
     QTimer m_tellRecording;
+    QThreadPool m_reader; ///< an hour takes seconds to read, in which the motor can be stopped; one thread
 };

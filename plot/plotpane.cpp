@@ -130,7 +130,7 @@ void PlotPane::fillSpans()
     m_span->setObjectName(QStringLiteral("plotSpanComboBox"));
     m_span->setAccessibleName(tr("Time span"));
     m_span->setToolTip(tr("Time span; the wheel zooms, and dragging goes back in time"));
-    const int stored = m_settings.boundedInt(SpanKey, DefaultSpan, Spans[0], Spans[std::size(Spans) - 1]);
+    const int stored = storedSpan();
     for (const int seconds : Spans) {
         m_span->addItem(spanText(seconds));
         if (seconds <= stored)
@@ -138,6 +138,12 @@ void PlotPane::fillSpans()
     }
     connect(m_span, QOverload<int>::of(&QComboBox::activated), this, &PlotPane::chooseSpan);
     m_toolBar->addWidget(m_span);
+}
+
+/** In seconds. */
+int PlotPane::storedSpan() const
+{
+    return m_settings.boundedInt(SpanKey, DefaultSpan, Spans[0], Spans[std::size(Spans) - 1]);
 }
 
 void PlotPane::fillTriggers()
@@ -273,6 +279,10 @@ void PlotPane::showRecording(recording::Recording recording, const QString &name
         m_recorded.keys.append(QLatin1String(column.field->key));
     m_close->setText(tr("Close %1").arg(name));
     m_close->setVisible(true);
+    const recording::SampleStore &samples = *m_recorded.samples;
+    if (!samples.isEmpty()) // all of it
+        m_area->window().setSpan(m_recorded.seconds(samples.timeOf(samples.end() - 1)) -
+                                 m_recorded.seconds(samples.timeOf(samples.first())));
     m_area->window().goLive(); // its end, that is
     showSource();
 }
@@ -282,6 +292,7 @@ void PlotPane::closeRecording()
     m_recording.reset();
     m_recorded = {};
     m_close->setVisible(false);
+    m_area->window().setSpan(storedSpan());
     m_area->window().goLive();
     showSource();
 }

@@ -148,6 +148,7 @@ private Q_SLOTS:
         QVERIFY(QImage::fromData(pane->contents(PlotPane::Format::Png)).width() > 100);
 
         desk.window->plotting().open(path);
+        QTRY_VERIFY(desk.find<QAction>("actionPlotCloseRecording")->isVisible());
         const QList<QByteArray> again = pane->contents(PlotPane::Format::Csv).split('\n');
         QVERIFY(again.size() > 40);
         compareCursorsWith(again, *desk.find<StripArea>("plotStrips"));

@@ -130,8 +130,16 @@ void Plotting::addTo(QMenu &menu)
 
 void Plotting::restore()
 {
-    if (m_settings.value(ShownKey, false).toBool())
-        setPaneShown(true);
+    if (!m_settings.value(ShownKey, false).toBool())
+        return;
+    setPaneShown(true);
+    // One that floats is shown before the window is: window managers lay it below, or do not show it at all.
+    QTimer::singleShot(0, m_dock, [this] {
+        if (!m_dock->isFloating())
+            return;
+        m_dock->hide();
+        m_dock->show();
+    });
 }
 
 void Plotting::store()

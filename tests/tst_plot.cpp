@@ -158,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(desk.watcher.boxes, QStringList());
     }
 
-    void aRecordingKeepsToOneFamily()
+    void aRecordingTakesTheFieldsOfTheServoThatComes()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.csv");
@@ -168,16 +168,6 @@ private Q_SLOTS:
         QTRY_VERIFY(linesOf(path).size() > 5);
         QVERIFY(linesOf(path)[0].contains(",present_position [rad],"));
         QCOMPARE(profile::readFile(folder.filePath("a.zservo")).profile->id, std::optional<quint8>(5));
-        desk.trigger("actionDisconnect");
-        desk.find<QToolBar>("toolBar")->findChildren<QSpinBox *>()[1]->setValue(3);
-        QVERIFY(desk.connects());
-        QTRY_VERIFY(desk.watcher.boxes.join(' ').contains("other fields"));
-        QVERIFY(desk.find<QLabel>("linkRecordingLabel")->text().isEmpty());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const auto read = recording::readCsv(file.readAll());
-        const recording::SampleStore &samples = *read.recording->samples;
-        QCOMPARE(samples.raw(samples.end() - 1, samples.family()["model_number"]), 12);
     }
 
     void theGainsOfTheStepBeforeAreWrittenBack()

@@ -2,9 +2,10 @@
 
 #include "app/boxes.h"
 #include "app/linkline.h"
+#include "app/parameterfile.h"
 #include "device/unitshelper.h"
 #include "plot/plotpane.h"
-#include "recording/csvreader.h"
+#include "profile/profilefile.h"
 #include "storage/replacefile.h"
 #include "widgets/followeddevice.h"
 
@@ -72,6 +73,12 @@ QString durationText(std::chrono::seconds duration)
         .arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
+/** Whether @p columns are fields of @p family; the families have keys in common. */
+bool areOf(const model::Family &family, const std::vector<recording::Column> &columns)
+{
+    return columns.empty() || family.field(QLatin1String(columns[0].field->key)) == columns[0].field;
+}
+
 } // namespace
 
 Plotting::Plotting(QMainWindow &window, LinkLine &line, const session::Connection &connection,
@@ -96,6 +103,7 @@ Plotting::Plotting(QMainWindow &window, LinkLine &line, const session::Connectio
         if (m_recording)
             m_recording->add(mark);
     });
+    m_reader.setMaxThreadCount(1);
     m_tellRecording.setInterval(TellInterval);
     connect(&m_tellRecording, &QTimer::timeout, this, &Plotting::showRecording);
 }
@@ -122,8 +130,16 @@ void Plotting::addTo(QMenu &menu)
 
 void Plotting::restore()
 {
-    if (m_settings.value(ShownKey, false).toBool())
-        setPaneShown(true);
+    if (!m_settings.value(ShownKey, false).toBool())
+        return;
+    setPaneShown(true);
+    // One that floats is shown before the window is: window managers lay it below, or do not show it at all.
+    QTimer::singleShot(0, m_dock, [this] {
+        if (!m_dock->isFloating())
+            return;
+        m_dock->hide();
+        m_dock->show();
+    });
 }
 
 void Plotting::store()
@@ -209,10 +225,11 @@ void Plotting::askAndRecord(recording::TimePoint from)
 /** Of a servo that is not known yet, all fields are those of the own family. */
 std::vector<recording::Column> Plotting::recordedColumns() const
 {
-    if (!m_recordAll->isChecked() && m_pane)
-        return m_pane->columns();
     const auto samples = m_sampler.samples();
-    return recording::allColumns(samples ? samples->family() : model::RegisterImage().family(), chosenUnit);
+    const model::Family &family = samples ? samples->family() : model::RegisterImage().family();
+    if (!m_recordAll->isChecked() && m_pane && areOf(family, m_pane->columns()))
+        return m_pane->columns();
+    return recording::allColumns(family, chosenUnit);
 }
 
 /** As far back as @p from, if samples are there. */
@@ -227,10 +244,16 @@ void Plotting::recordFrom(const QString &path, recording::TimePoint from)
     }
     m_recording = std::move(recording);
     connect(m_recording.get(), &recording::FileRecording::failed, this, &Plotting::onRecordingFailed);
+    m_isParameterFileDue = true;
     m_tellRecording.start();
     showRecording();
-    if (const auto samples = m_sampler.samples())
-        m_recording->addPast(*samples, m_sampler.marks(), from);
+    const auto samples = m_sampler.samples();
+    if (!samples)
+        return;
+    const auto first = samples->lowerBound(from);
+    if (first != samples->end())
+        keepParameters(samples->image(first));
+    m_recording->addPast(*samples, m_sampler.marks(), from);
 }
 
 void Plotting::stopRecording()
@@ -253,10 +276,32 @@ void Plotting::onSampled(const model::RegisterImage &image)
 {
     if (!m_recording)
         return;
-    if (!m_recording->columns().empty() && !image.family().field(QLatin1String(m_recording->columns()[0].field->key)))
+    const bool isOfThisServo = areOf(image.family(), m_recording->columns());
+    if (!isOfThisServo && m_recording->sampleCount() > 0) {
         onRecordingFailed(tr("The servo that is connected now has other fields."));
-    else
+        return;
+    }
+    if (!isOfThisServo)
+        recordFrom(m_recording->path(), recording::TimePoint::max()); // it was begun before any servo was known
+    if (m_isParameterFileDue)
+        keepParameters(image);
+    if (m_recording)
         m_recording->add(image);
+}
+
+/** In a file beside the recording, once: what the servo has when it begins. */
+void Plotting::keepParameters(const model::RegisterImage &image)
+{
+    if (!image.isKnown(0, image.family().tableSize))
+        return; // the next one is whole
+    m_isParameterFileDue = false;
+    const auto profile = profile::Profile::of(image, m_sampler.origin().wallAt(image.lastRead()));
+    const QString path = parameterfile::pathFor(m_recording->path(), profile);
+    if (path.isEmpty())
+        return;
+    const storage::ReplaceResult result = profile::writeFile(path, profile);
+    if (!result.isDone())
+        tellError(tr("Parameters not written"), path, result.text);
 }
 
 void Plotting::showRecording()
@@ -277,7 +322,9 @@ QString Plotting::suggestedPath(const QString &suffix) const
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QDir folder(m_settings.value(FolderKey, documents).toString());
     const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmmss"));
-    return folder.filePath(QStringLiteral("servo-%1-%2.%3").arg(m_connection.address().id).arg(time, suffix));
+    const bool isKnown = m_sampler.samples() != nullptr;
+    const QString servo = isKnown ? QStringLiteral("servo-%1").arg(m_connection.address().id) : QStringLiteral("servo");
+    return folder.filePath(QStringLiteral("%1-%2.%3").arg(servo, time, suffix));
 }
 
 QString Plotting::askWhereTo(const QString &title, const QString &suffix)
@@ -312,13 +359,20 @@ void Plotting::openFile()
 void Plotting::open(const QString &path)
 {
     setPaneShown(true);
-    QFile file(path);
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    recording::ReadResult result = isOpen ? recording::readCsv(file.readAll()) : recording::ReadResult{};
+    m_reader.start([this, path] {
+        QFile file(path);
+        const bool isOpen = file.open(QIODevice::ReadOnly);
+        auto result = isOpen ? recording::readCsv(file.readAll()) : recording::ReadResult{{}, file.errorString()};
+        QMetaObject::invokeMethod(this, [=] { showOpened(path, result); });
+    });
+}
+
+void Plotting::showOpened(const QString &path, recording::ReadResult result)
+{
     if (result.recording)
         m_pane->showRecording(std::move(*result.recording), QFileInfo(path).fileName());
     else
-        tellError(tr("Not opened"), path, isOpen ? result.error : file.errorString());
+        tellError(tr("Not opened"), path, result.error);
 }
 
 void Plotting::tellError(const QString &title, const QString &path, const QString &reason)

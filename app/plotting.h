@@ -1,10 +1,12 @@
 #pragma once
 
+#include "recording/csvreader.h"
 #include "recording/filerecording.h"
 #include "recording/sampler.h"
 #include "settings/settings.h"
 
 #include <QObject>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <functional>
@@ -48,7 +50,7 @@ public:
 
     /** Records to the file @p path what comes from now on. */
     void record(const QString &path) { recordFrom(path, recording::TimePoint::max()); }
-    /** Shows the recording at @p path in the pane. */
+    /** Shows the recording at @p path in the pane, once it has been read. */
     void open(const QString &path);
 
 Q_SIGNALS:
@@ -66,12 +68,14 @@ private:
     void stopRecording();
     void onRecordingFailed(const QString &reason);
     void onSampled(const model::RegisterImage &image);
+    void keepParameters(const model::RegisterImage &image);
     void showRecording();
     std::vector<recording::Column> recordedColumns() const;
     QString suggestedPath(const QString &suffix) const;
     QString askWhereTo(const QString &title, const QString &suffix);
     void rememberFolder(const QString &path);
     void openFile();
+    void showOpened(const QString &path, recording::ReadResult result);
     void tellError(const QString &title, const QString &path, const QString &reason);
 
     QMainWindow &m_window;
@@ -80,11 +84,13 @@ private:
     Settings m_settings;
     recording::Sampler m_sampler;
     std::unique_ptr<recording::FileRecording> m_recording; ///< null while there is none
-    QDockWidget *m_dock = nullptr;                         ///< the window's, as the actions; null until first shown
-    plot::PlotPane *m_pane = nullptr;                      ///< the dock's
+    bool m_isParameterFileDue = false;
+    QDockWidget *m_dock = nullptr;    ///< the window's, as the actions; null until first shown
+    plot::PlotPane *m_pane = nullptr; ///< the dock's
     QAction *m_showPane;
     QAction *m_record;
     QAction *m_recordPast;
     QAction *m_recordAll;
     QTimer m_tellRecording;
+    QThreadPool m_reader; ///< an hour takes seconds to read, in which the motor can be stopped; one thread
 };

@@ -54,10 +54,11 @@ constexpr model::FieldKind Order[] = {
 };
 // clang-format on
 
-QString stripKey(const model::Field &field)
+/** With the unit, since a fixed range is kept by this key: that of radians is none of degrees. */
+QString stripKey(const model::Field &field, int unit)
 {
     const bool isShared = model::isQuantity(field.kind) || field.kind == model::FieldKind::Share;
-    return isShared ? QStringLiteral("kind%1").arg(qint32(field.kind)) : QString(QLatin1String(field.key));
+    return isShared ? QStringLiteral("kind%1-%2").arg(qint32(field.kind)).arg(unit) : QString(QLatin1String(field.key));
 }
 
 std::ptrdiff_t rank(const model::Field &field)
@@ -126,11 +127,12 @@ std::vector<StripCurves> stripsOf(const model::Family &family, const QStringList
     });
     std::vector<StripCurves> strips;
     for (const model::Field *field : fields) {
-        const QString key = stripKey(*field);
+        const int unit = unitOf(field->kind);
+        const QString key = stripKey(*field, unit);
         auto strip = std::find_if(strips.begin(), strips.end(), [&](const auto &other) { return other.key == key; });
         if (strip == strips.end())
             strip = strips.insert(strips.end(), {key, {}});
-        strip->curves.push_back({{field, unitOf(field->kind)}, penOf(strip->curves.size(), *field)});
+        strip->curves.push_back({{field, unit}, penOf(strip->curves.size(), *field)});
     }
     return strips;
 }

@@ -8,8 +8,7 @@ namespace plot {
 
 namespace {
 
-constexpr int LongestText = 240; ///< pixels
-constexpr int Gap = 8;
+constexpr int Gap = 8; ///< pixels
 
 } // namespace
 
@@ -33,13 +32,19 @@ QSize MarkRow::sizeHint() const
 void MarkRow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    int free = 0; // from here on there is no text yet
     for (std::size_t i = 0; i < m_marks.size(); ++i) {
         const Mark &mark = m_marks[i];
-        const int next = i + 1 < m_marks.size() ? m_marks[i + 1].place : width();
-        const int room = std::min(next - mark.place - Gap, LongestText);
+        const bool isLast = i + 1 == m_marks.size();
+        const int textWidth = fontMetrics().horizontalAdvance(mark.text) + Gap;
+        // What has just happened stands at the right edge, where a text has no room behind its line.
+        const int left = isLast ? std::max(free, std::min(mark.place, width() - textWidth)) : mark.place;
+        const int room = std::min((isLast ? width() : m_marks[i + 1].place) - left, textWidth);
+        const QString text =
+            room < textWidth ? fontMetrics().elidedText(mark.text, Qt::ElideRight, room - Gap) : mark.text;
         painter.setPen(mark.color);
-        painter.drawText(mark.place, fontMetrics().ascent() + 1,
-                         fontMetrics().elidedText(mark.text, Qt::ElideRight, std::max(room, 0)));
+        painter.drawText(left, fontMetrics().ascent() + 1, text);
+        free = left + room;
     }
 }
 

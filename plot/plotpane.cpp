@@ -18,7 +18,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <cmath>
+#include <algorithm>
 
 namespace plot {
 
@@ -35,14 +35,16 @@ constexpr std::chrono::milliseconds RefreshInterval{100};
 constexpr int Spans[] = {2, 5, 10, 30, 60, 120, 300, 600}; ///< seconds
 constexpr int DefaultSpan = 30;
 constexpr int SecondsPerMinute = 60;
+constexpr int SpanDigits = 3;
 /** Parts of what is seen that lie before the event when it holds the view. */
 constexpr double BeforeApply = 0.2;
 constexpr double BeforeFault = 0.8;
 
-QString spanText(int seconds)
+QString spanText(double seconds)
 {
-    return seconds < SecondsPerMinute ? PlotPane::tr("%1 s").arg(seconds)
-                                      : PlotPane::tr("%1 min").arg(seconds / SecondsPerMinute);
+    const auto number = [](double value) { return QLocale().toString(value, 'g', SpanDigits); };
+    return seconds < SecondsPerMinute ? PlotPane::tr("%1 s").arg(number(seconds))
+                                      : PlotPane::tr("%1 min").arg(number(seconds / SecondsPerMinute));
 }
 
 } // namespace
@@ -128,7 +130,7 @@ void PlotPane::fillSpans()
     m_span->setObjectName(QStringLiteral("plotSpanComboBox"));
     m_span->setAccessibleName(tr("Time span"));
     m_span->setToolTip(tr("Time span; the wheel zooms, and dragging goes back in time"));
-    const int stored = m_settings.boundedInt(SpanKey, DefaultSpan, Spans[0], Spans[std::size(Spans) - 1]);
+    const int stored = storedSpan();
     for (const int seconds : Spans) {
         m_span->addItem(spanText(seconds));
         if (seconds <= stored)
@@ -136,6 +138,12 @@ void PlotPane::fillSpans()
     }
     connect(m_span, QOverload<int>::of(&QComboBox::activated), this, &PlotPane::chooseSpan);
     m_toolBar->addWidget(m_span);
+}
+
+/** In seconds. */
+int PlotPane::storedSpan() const
+{
+    return m_settings.boundedInt(SpanKey, DefaultSpan, Spans[0], Spans[std::size(Spans) - 1]);
 }
 
 void PlotPane::fillTriggers()
@@ -271,6 +279,10 @@ void PlotPane::showRecording(recording::Recording recording, const QString &name
         m_recorded.keys.append(QLatin1String(column.field->key));
     m_close->setText(tr("Close %1").arg(name));
     m_close->setVisible(true);
+    const recording::SampleStore &samples = *m_recorded.samples;
+    if (!samples.isEmpty()) // all of it
+        m_area->window().setSpan(m_recorded.seconds(samples.timeOf(samples.end() - 1)) -
+                                 m_recorded.seconds(samples.timeOf(samples.first())));
     m_area->window().goLive(); // its end, that is
     showSource();
 }
@@ -280,6 +292,7 @@ void PlotPane::closeRecording()
     m_recording.reset();
     m_recorded = {};
     m_close->setVisible(false);
+    m_area->window().setSpan(storedSpan());
     m_area->window().goLive();
     showSource();
 }
@@ -319,7 +332,9 @@ void PlotPane::onMarked(const Mark &mark)
     const bool isApply = mark.kind == Mark::Kind::Applied || mark.kind == Mark::Kind::NotApplied;
     if (m_trigger == Trigger::Apply && isApply)
         m_holdAt = seconds + span * (1 - BeforeApply);
-    if (m_trigger == Trigger::Fault && mark.kind == Mark::Kind::Fault)
+    // The first one stays in view: those that follow come of it.
+    const bool isHeld = m_holdAt || !m_area->window().isLive();
+    if (m_trigger == Trigger::Fault && mark.kind == Mark::Kind::Fault && !isHeld)
         m_holdAt = seconds + span * (1 - BeforeFault);
     if (m_holdAt && !m_recording)
         m_area->window().goLive(); // until it is there
@@ -376,7 +391,18 @@ void PlotPane::showState()
     m_goLive->setEnabled(!isLive);
     const QSignalBlocker blocker(m_pause);
     m_pause->setChecked(!isLive);
+    showSpan();
     m_cursor->setText(m_area->cursorText());
+}
+
+/** Which the wheel may have made one that the list does not have. */
+void PlotPane::showSpan()
+{
+    const double span = m_area->window().span();
+    const auto *listed = std::find(std::begin(Spans), std::end(Spans), span);
+    if (listed == std::end(Spans))
+        m_span->setPlaceholderText(spanText(span));
+    m_span->setCurrentIndex(listed == std::end(Spans) ? -1 : int(listed - std::begin(Spans)));
 }
 
 std::vector<recording::Column> PlotPane::columns() const
@@ -411,6 +437,7 @@ QByteArray PlotPane::svg() const
     file.open(QIODevice::WriteOnly);
     QSvgGenerator generator;
     generator.setOutputDevice(&file);
+    generator.setResolution(m_area->logicalDpiX()); // else texts are smaller than in the pane
     generator.setSize(m_area->size());
     generator.setViewBox(m_area->rect());
     generator.setTitle(tr("Plot"));

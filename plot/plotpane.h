@@ -70,6 +70,7 @@ private:
     void addFieldMenu(const QString &title, model::Access access);
     void chooseField(const model::Field &field, bool isShown);
     void chooseSpan(int index);
+    int storedSpan() const;
     void loadRanges();
     void storeRange(const QString &key);
 
@@ -87,6 +88,7 @@ private:
     void holdIfTriggered();
     void refreshSteps();
     void showState();
+    void showSpan();
 
     QByteArray png() const;
     QByteArray svg() const;

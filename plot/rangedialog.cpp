@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QPushButton>
 
 namespace plot {
 
@@ -40,10 +41,12 @@ std::optional<recording::Extent> askForRange(QWidget *parent, const recording::E
     form->addRow(translated(QT_TRANSLATE_NOOP("plot::RangeDialog", "&From:")), lower);
     form->addRow(translated(QT_TRANSLATE_NOOP("plot::RangeDialog", "&To:")), upper);
     form->addRow(buttons);
+    const auto check = [=] { buttons->button(QDialogButtonBox::Ok)->setEnabled(lower->value() < upper->value()); };
+    for (const auto *end : {lower, upper})
+        QObject::connect(end, QOverload<double>::of(&QDoubleSpinBox::valueChanged), &dialog, check);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    const bool isAccepted = dialog.exec() == QDialog::Accepted;
-    if (!isAccepted || lower->value() >= upper->value())
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return recording::Extent{lower->value(), upper->value()};
 }

@@ -22,32 +22,28 @@ QString secondsText(const std::optional<double> &seconds)
     return seconds ? StepRow::tr("%1 s").arg(QLocale().toString(*seconds, 'f', 3)) : QStringLiteral("\u2013");
 }
 
-QString gainText(const session::AppliedField &gain, const model::Family &family)
+QString gainValue(const session::AppliedField &gain)
 {
     const Curve curve{{gain.field, 0}, {}};
-    return curve.name(family) + QLatin1Char(' ') +
-           curve.text(curve.column.value(model::rawValue(*gain.field, gain.wanted)));
+    return curve.text(curve.column.value(model::rawValue(*gain.field, gain.wanted)));
 }
 
-/** Those of @p gains that are not as in @p others; all of them without others. */
-Gains different(const Gains &gains, const Gains &others)
-{
-    const auto isOther = [&others](const session::AppliedField &gain) {
-        return std::none_of(others.begin(), others.end(), [&gain](const session::AppliedField &other) {
-            return other.field == gain.field && other.wanted == gain.wanted;
-        });
-    };
-    Gains found;
-    std::copy_if(gains.begin(), gains.end(), std::back_inserter(found), isOther);
-    return found;
-}
-
-QString gainsText(const Gains &gains, const model::Family &family, const QString &separator)
+/**
+ * Those of @p gains that are otherwise in @p before, with both values; all of them when there is no step before, which
+ * else has the same fields.
+ */
+QStringList gainTexts(const Gains &gains, const Gains &before, const model::Family &family)
 {
     QStringList texts;
-    for (const session::AppliedField &gain : gains)
-        texts.append(gainText(gain, family));
-    return texts.join(separator);
+    for (std::size_t i = 0; i < gains.size(); ++i) {
+        const QString name = Curve{{gains[i].field, 0}, {}}.name(family);
+        const QString value = gainValue(gains[i]);
+        if (before.empty())
+            texts.append(name + QLatin1Char(' ') + value);
+        else if (before[i].wanted != gains[i].wanted)
+            texts.append(QStringLiteral("%1 %2 \u2192 %3").arg(name, gainValue(before[i]), value));
+    }
+    return texts;
 }
 
 /** What stands in one column of the table. */
@@ -70,26 +66,22 @@ constexpr ColumnRow Columns[] = {
     {QT_TRANSLATE_NOOP("plot::StepRow", "Off by"),
      QT_TRANSLATE_NOOP("plot::StepRow", "What was left to the target at the last sample, ten seconds after the Apply "
                                         "at most")},
-    {QT_TRANSLATE_NOOP("plot::StepRow", "Gains"),
-     QT_TRANSLATE_NOOP("plot::StepRow", "The gains that differ between the two steps; all of them in the tips below. "
-                                        "The step before is the grey curve, moved and scaled to this step")},
 };
 
-QStringList cellsOf(const Step &step, const Gains &shownGains, const model::Family &family)
+QStringList cellsOf(const Step &step)
 {
     const Curve target{step.target, {}};
     return {(target.text(step.to) + QLatin1Char(' ') + target.unitText()).trimmed(),
             secondsText(step.figures->riseTime),
             StepRow::tr("%1 %").arg(QLocale().toString(step.figures->overshoot, 'f', 1)),
-            secondsText(step.figures->settlingTime),
-            target.text(step.figures->remaining),
-            gainsText(shownGains, family, QStringLiteral(", "))};
+            secondsText(step.figures->settlingTime), target.text(step.figures->remaining)};
 }
 
 } // namespace
 
 StepRow::StepRow(QWidget *parent)
-    : QWidget(parent), m_latest{}, m_before{}, m_writeBack(new QPushButton(tr("&Write these gains back"), this))
+    : QWidget(parent), m_latest{}, m_before{}, m_gains(new QLabel(this)),
+      m_writeBack(new QPushButton(tr("&Write these gains back"), this))
 {
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(6, 2, 6, 4);
@@ -105,10 +97,8 @@ StepRow::StepRow(QWidget *parent)
     m_before = addRow(2, QStringLiteral("plotStepBefore"));
     m_latest[0]->setText(tr("This step"));
     m_before[0]->setText(tr("Step before"));
-    m_writeBack->setObjectName(QStringLiteral("plotWriteGainsButton"));
-    m_writeBack->setToolTip(tr("Gives the servo the gains again that it had at the step before"));
-    layout->addWidget(m_writeBack, 0, ColumnCount - 1, Qt::AlignRight); // leaves the gains below all of the width
-    connect(m_writeBack, &QPushButton::clicked, this, [this] { Q_EMIT gainsWanted(m_gainsBefore); });
+    m_before[0]->setToolTip(tr("The grey curve, moved and scaled to this step"));
+    addGains();
     hide();
 }
 
@@ -122,16 +112,22 @@ StepRow::Row StepRow::addRow(int row, const QString &objectName)
         static_cast<QGridLayout *>(layout())->addWidget(label, row, column);
         labels[std::size_t(column)] = label;
     }
-    labels.back()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // gains do not widen the pane
     return labels;
 }
 
-void StepRow::fill(const Row &row, const Step &step, const Gains &otherGains, const model::Family &family) const
+/** In a line of their own, since several of them are longer than all figures. */
+void StepRow::addGains()
 {
-    const QStringList cells = cellsOf(step, different(step.gains, otherGains), family);
-    for (int column = 1; column < ColumnCount; ++column)
-        row[std::size_t(column)]->setText(cells[column - 1]);
-    row.back()->setToolTip(gainsText(step.gains, family, QStringLiteral("\n")));
+    m_gains->setObjectName(QStringLiteral("plotStepGains"));
+    m_gains->setTextFormat(Qt::PlainText);
+    m_gains->setWordWrap(true);
+    m_writeBack->setObjectName(QStringLiteral("plotWriteGainsButton"));
+    m_writeBack->setToolTip(tr("Gives the servo the gains again that it had at the step before"));
+    auto *line = new QHBoxLayout;
+    line->addWidget(m_gains, 1);
+    line->addWidget(m_writeBack);
+    static_cast<QGridLayout *>(layout())->addLayout(line, 3, 0, 1, ColumnCount);
+    connect(m_writeBack, &QPushButton::clicked, this, [this] { Q_EMIT gainsWanted(m_gainsBefore); });
 }
 
 void StepRow::setSteps(const std::vector<Step> &steps, const model::Family &family)
@@ -139,14 +135,27 @@ void StepRow::setSteps(const std::vector<Step> &steps, const model::Family &fami
     setVisible(!steps.empty());
     if (steps.empty())
         return;
+    const auto fill = [](const Row &row, const Step &step) {
+        const QStringList cells = cellsOf(step);
+        for (int column = 1; column < ColumnCount; ++column)
+            row[std::size_t(column)]->setText(cells[column - 1]);
+    };
     const bool hasBefore = steps.size() > 1;
+    const Gains &gains = steps[0].gains;
     m_gainsBefore = hasBefore ? steps[1].gains : Gains();
-    fill(m_latest, steps[0], m_gainsBefore, family);
+    fill(m_latest, steps[0]);
+    m_latest[0]->setToolTip(gainTexts(gains, {}, family).join(QLatin1Char('\n')));
     if (hasBefore)
-        fill(m_before, steps[1], steps[0].gains, family);
+        fill(m_before, steps[1]);
     for (QLabel *label : m_before)
         label->setVisible(hasBefore);
-    m_writeBack->setEnabled(!different(m_gainsBefore, steps[0].gains).empty());
+    const QStringList texts = gainTexts(gains, m_gainsBefore, family);
+    m_gains->setText(texts.isEmpty() ? tr("The gains are those of the step before")
+                                     : tr("Gains: %1").arg(texts.join(QLatin1String(", "))));
+    m_writeBack->setEnabled(!texts.isEmpty());
+    // An AX-12 has none.
+    m_gains->setVisible(!m_gainsBefore.empty());
+    m_writeBack->setVisible(!m_gainsBefore.empty());
 }
 
 } // namespace plot

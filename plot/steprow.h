@@ -29,15 +29,15 @@ Q_SIGNALS:
     void gainsWanted(const std::vector<session::AppliedField> &gains);
 
 private:
-    static constexpr int ColumnCount = 7;
+    static constexpr int ColumnCount = 6;
     using Row = std::array<QLabel *, ColumnCount>;
 
     Row addRow(int row, const QString &objectName);
-    void fill(const Row &row, const recording::Step &step, const std::vector<session::AppliedField> &otherGains,
-              const model::Family &family) const;
+    void addGains();
 
     Row m_latest;
     Row m_before;
+    QLabel *m_gains;
     QPushButton *m_writeBack;
     std::vector<session::AppliedField> m_gainsBefore;
 };

@@ -31,7 +31,10 @@ constexpr QRgb FaintColor = 0xff9a9a9a;
 constexpr QRgb CursorColor = 0xff404040;
 /** Steps of a field that fill a strip at least. */
 constexpr int LeastSteps = 20;
-constexpr double EndPart = 0.05; ///< of the scale of time, at each end, without texts
+constexpr int LeastNumbers = 2; ///< about, on the scale of values
+constexpr int MostNumbers = 4;
+constexpr double LinesPerNumber = 1.1; ///< of text, that a number takes there
+constexpr double EndPart = 0.05;       ///< of the scale of time, at each end, without texts
 constexpr double ZoomPerNotch = 1.25;
 constexpr double DegreesPerNotch = 120.0; ///< in eighths, as Qt tells them
 /** Keeps room for the widest number, so that the strips do not shift. */
@@ -132,6 +135,12 @@ void Strip::setTimeScaleVisible(bool isVisible)
     m_plot->enableAxis(QwtPlot::xBottom, isVisible);
 }
 
+int Strip::timeScaleHeight() const
+{
+    const QwtScaleWidget &scale = *m_plot->axisWidget(QwtPlot::xBottom);
+    return m_plot->axisEnabled(QwtPlot::xBottom) ? scale.minimumSizeHint().height() : 0;
+}
+
 void Strip::showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines)
 {
     showCurves(view, faint);
@@ -186,7 +195,9 @@ double Strip::leastSpan() const
     double span = 0;
     for (const Curve &curve : m_curves.curves) {
         const recording::Column &column = curve.column;
-        span = std::max(span, LeastSteps * std::abs(column.value(1) - column.value(0)));
+        const double step = std::abs(column.value(1) - column.value(0));
+        const model::Range &range = column.field->range; // of a switch, say, all that there is
+        span = std::max(span, step * std::min(LeastSteps, range.rawMax - range.rawMin));
     }
     return span;
 }
@@ -195,11 +206,13 @@ void Strip::showScales(const View &view)
 {
     m_plot->setAxisScale(QwtPlot::xBottom, view.window.begin(), view.window.end());
     // Set anew only when it changes: that lays the strip out again.
+    const double room = m_plot->canvas()->height() / (LinesPerNumber * fontMetrics().height());
+    const int numbers = std::clamp(int(room), LeastNumbers, MostNumbers);
+    if (m_plot->axisMaxMajor(QwtPlot::yLeft) != numbers)
+        m_plot->setAxisMaxMajor(QwtPlot::yLeft, numbers);
     const QwtInterval shown = m_plot->axisScaleDiv(QwtPlot::yLeft).interval();
-    if (shown.minValue() != m_range.lower() || shown.maxValue() != m_range.upper()) {
-        m_plot->setAxisMaxMajor(QwtPlot::yLeft, 4);
+    if (shown.minValue() != m_range.lower() || shown.maxValue() != m_range.upper())
         m_plot->setAxisScale(QwtPlot::yLeft, m_range.lower(), m_range.upper());
-    }
 }
 
 std::optional<double> Strip::valueAt(const PlotSource &source, const Curve &curve, double seconds)
@@ -216,14 +229,14 @@ void Strip::showLegend(const View &view)
     for (const Curve &curve : m_curves.curves) {
         const QString unit = curve.unitText();
         const QString name = curve.name(m_family);
-        LegendEntry entry{curve.pen, unit.isEmpty() ? name : QStringLiteral("%1 [%2]").arg(name, unit), {}};
+        LegendEntry entry{curve.pen, unit.isEmpty() ? name : QStringLiteral("%1 [%2]").arg(name, unit), {}, {}};
         const double end = view.source.isEmpty() ? 0.0 : view.window.end();
         const auto value = valueAt(view.source, curve, view.cursor.value_or(end));
         if (value)
             entry.value = curve.text(*value);
         const auto other = view.reference ? valueAt(view.source, curve, *view.reference) : std::nullopt;
         if (value && other && view.cursor)
-            entry.value += QStringLiteral("  \u0394 ") + curve.text(*value - *other);
+            entry.difference = QStringLiteral("\u0394 ") + curve.text(*value - *other);
         entries.push_back(entry);
     }
     m_legend->setEntries(std::move(entries));

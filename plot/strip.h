@@ -52,6 +52,8 @@ public:
 
     /** Only the strip at the bottom has the scale of time. */
     void setTimeScaleVisible(bool isVisible);
+    /** In pixels; 0 without it. */
+    int timeScaleHeight() const;
     void showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines);
 
     /** Where the curves are, in the strip. */

@@ -73,6 +73,16 @@ void StripArea::rebuild(const model::Family &family, const QStringList &keys)
         addStrip(curves, family);
     if (!m_strips.empty())
         m_strips.back()->setTimeScaleVisible(true);
+    shareHeight();
+}
+
+/** All strips have curves of the same height; the one with the scale of time has that besides. */
+void StripArea::shareHeight()
+{
+    const int scale = m_strips.empty() ? 0 : m_strips.back()->timeScaleHeight();
+    const int each = (height() - m_marks->sizeHint().height() - scale) / std::max(int(m_strips.size()), 1);
+    for (Strip *strip : m_strips)
+        m_layout->setStretchFactor(strip, std::max(each, 1) + strip->timeScaleHeight());
 }
 
 void StripArea::addStrip(const StripCurves &curves, const model::Family &family)
@@ -377,6 +387,7 @@ void StripArea::contextMenuEvent(QContextMenuEvent *event)
 void StripArea::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    shareHeight();
     refresh(); // other pixels, other samples
 }
 

@@ -62,6 +62,7 @@ protected:
 
 private:
     void rebuild(const model::Family &family, const QStringList &keys);
+    void shareHeight();
     void addStrip(const StripCurves &curves, const model::Family &family);
     void onPointed(double seconds);
     void onClicked();

@@ -7,6 +7,7 @@
 #include "plot/striparea.h"
 #include "plot/timewindow.h"
 #include "plot/valuerange.h"
+#include "profile/profilefile.h"
 #include "tests/support/desk.h"
 
 using namespace plot;
@@ -125,12 +126,19 @@ private Q_SLOTS:
         desk.trigger("actionPlot");
         auto *pane = desk.find<PlotPane>("plotPane");
         QVERIFY(pane && pane->isVisible());
+        QFile taken(folder.filePath("a.zservo"));
+        QVERIFY(taken.open(QIODevice::ReadWrite) && taken.write("mine") == 4 && taken.flush());
         desk.window->plotting().record(path);
         QVERIFY(desk.connects());
         QTRY_VERIFY(linesOf(path).size() > 50);
         QVERIFY(desk.find<QLabel>("linkRecordingLabel")->text().contains("recording"));
+        desk.window->plotting().record(path); // once more, over it
+        QTRY_VERIFY(linesOf(path).size() > 50);
         desk.trigger("actionRecord"); // which ends it
         QVERIFY(desk.find<QLabel>("linkRecordingLabel")->text().isEmpty());
+        QCOMPARE(linesOf(taken.fileName()), QStringList("mine"));
+        QCOMPARE(profile::readFile(folder.filePath("a-2.zservo")).profile->id, std::optional<quint8>(3));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 3);
 
         const auto columns = pane->columns();
         QCOMPARE(columns.size(), std::size_t(9));
@@ -140,6 +148,7 @@ private Q_SLOTS:
         QVERIFY(QImage::fromData(pane->contents(PlotPane::Format::Png)).width() > 100);
 
         desk.window->plotting().open(path);
+        QTRY_VERIFY(desk.find<QAction>("actionPlotCloseRecording")->isVisible());
         const QList<QByteArray> again = pane->contents(PlotPane::Format::Csv).split('\n');
         QVERIFY(again.size() > 40);
         compareCursorsWith(again, *desk.find<StripArea>("plotStrips"));
@@ -147,6 +156,49 @@ private Q_SLOTS:
         desk.trigger("actionPlot");
         QVERIFY(!pane->isVisible());
         QCOMPARE(desk.watcher.boxes, QStringList());
+    }
+
+    void aRecordingTakesTheFieldsOfTheServoThatComes()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.csv");
+        Desk desk(5);
+        desk.window->plotting().record(path); // of which family nobody knows yet
+        QVERIFY(desk.connects());
+        QTRY_VERIFY(linesOf(path).size() > 5);
+        QVERIFY(linesOf(path)[0].contains(",present_position [rad],"));
+        QCOMPARE(profile::readFile(folder.filePath("a.zservo")).profile->id, std::optional<quint8>(5));
+    }
+
+    void theGainsOfTheStepBeforeAreWrittenBack()
+    {
+        Desk desk(3);
+        desk.trigger("actionPlot");
+        QVERIFY(desk.connects());
+        auto *gain = desk.find<QDoubleSpinBox>("velocityProportionalTermDoubleSpinBox");
+        const auto *event = desk.find<QLabel>("linkEventLabel");
+        const auto apply = [&](double target, double gainValue) {
+            QTRY_VERIFY(desk.find<QToolButton>("vParamsEditSaveToolButton")->isEnabled());
+            desk.click("vParamsEditSaveToolButton");
+            desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->setValue(target);
+            gain->setValue(gainValue);
+            desk.click("vParamsEditSaveToolButton");
+            QTRY_COMPARE(event->text(), QString("applied: 2 values"));
+        };
+        QTRY_COMPARE(gain->value(), 1.0); // the servo's
+        apply(0.5, 0.8);
+        auto *button = desk.find<QPushButton>("plotWriteGainsButton");
+        QTRY_VERIFY(desk.find<QLabel>("plotLatestStep1")->isVisible());
+        QVERIFY(!button->isVisible());
+        apply(-0.5, 0.4);
+        QTRY_COMPARE(desk.find<QLabel>("plotStepGains")->text(),
+                     QString("Gains: Velocity proportional gain 0.800 \u2192 0.400"));
+        QWidget *pane = desk.find<QWidget>("plotPane");
+        QWidget *under = pane->childAt(button->mapTo(pane, button->rect().center())); // what the mouse gets hold of
+        QCOMPARE(under, static_cast<QWidget *>(button));
+        QTest::mouseClick(under, Qt::LeftButton);
+        QTRY_VERIFY(event->text().startsWith("applied: ") && event->text().endsWith(" 0.800"));
+        QTRY_COMPARE(gain->value(), 0.8);
     }
 };
 

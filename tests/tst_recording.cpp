@@ -47,6 +47,26 @@ struct FullDevice : QIODevice
     }
 };
 
+constexpr int LinesBeforeKill = 100;
+
+/** What another process does until it is killed. */
+int recordUntilKilled(const QString &path)
+{
+    FileRecording recording(origin());
+    if (!recording.begin(path, allColumns(model::ZelvarV1Family, [](model::FieldKind) { return 0; })).isEmpty())
+        return 1;
+    model::RegisterImage image(&model::ZelvarV1Family);
+    for (quint32 i = 0;; ++i) {
+        image.take(0, registers(model::ZelvarV1Family, i), Start + milliseconds(i));
+        recording.add(image);
+        if (i == LinesBeforeKill) {
+            QFile out;
+            out.open(stdout, QIODevice::WriteOnly);
+            out.write("recording\n");
+        }
+    }
+}
+
 int secondUnit(model::FieldKind)
 {
     return 1;
@@ -97,6 +117,27 @@ private Q_SLOTS:
             }
         }
         QLocale::setDefault(QLocale::c());
+    }
+
+    void aRecordingSurvivesAKill()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.csv");
+        QProcess program;
+        program.start(QCoreApplication::applicationFilePath(), {"record", path});
+        QVERIFY(program.waitForReadyRead());
+        program.kill();
+        QVERIFY(program.waitForFinished() && program.exitStatus() == QProcess::CrashExit);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const ReadResult result = readCsv(file.readAll());
+        QCOMPARE(result.error, QString());
+        const SampleStore &samples = *result.recording->samples;
+        QVERIFY(samples.end() > LinesBeforeKill);
+        model::RegisterImage last(&model::ZelvarV1Family);
+        last.take(0, registers(model::ZelvarV1Family, quint32(samples.end() - 1)), Start);
+        for (const model::Field &field : model::ZelvarV1Family.fields)
+            QCOMPARE(samples.raw(samples.end() - 1, field), *last.raw(field));
     }
 
     void whatIsNoRecordingIsRefused()
@@ -299,5 +340,13 @@ private Q_SLOTS:
     }
 };
 
-ZELVAR_TEST_MAIN(TestRecording)
+int main(int argc, char **argv)
+{
+    if (argc == 3 && qstrcmp(argv[1], "record") == 0)
+        return recordUntilKilled(QFile::decodeName(argv[2]));
+    TestEnvironment environment;
+    QApplication application(argc, argv);
+    TestRecording test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_recording.moc"

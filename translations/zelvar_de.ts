@@ -1215,6 +1215,10 @@
         <source>Not opened</source>
         <translation>Nicht geöffnet</translation>
     </message>
+    <message>
+        <source>Parameters not written</source>
+        <translation>Parameter nicht geschrieben</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>
@@ -2341,14 +2345,6 @@
         <translation>Was beim letzten Messwert, höchstens zehn Sekunden nach dem Anwenden, bis zum Ziel fehlte</translation>
     </message>
     <message>
-        <source>Gains</source>
-        <translation>Regelparameter</translation>
-    </message>
-    <message>
-        <source>The gains that differ between the two steps; all of them in the tips below. The step before is the grey curve, moved and scaled to this step</source>
-        <translation>Die Regelparameter, in denen sich die beiden Sprünge unterscheiden; alle stehen in den Tipps darunter. Der Sprung davor ist die graue Kurve, auf diesen Sprung verschoben und skaliert</translation>
-    </message>
-    <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
     </message>
@@ -2367,6 +2363,18 @@
     <message>
         <source>Gives the servo the gains again that it had at the step before</source>
         <translation>Gibt dem Servo die Regelparameter wieder, die er beim Sprung davor hatte</translation>
+    </message>
+    <message>
+        <source>The grey curve, moved and scaled to this step</source>
+        <translation>Die graue Kurve, auf diesen Sprung verschoben und skaliert</translation>
+    </message>
+    <message>
+        <source>The gains are those of the step before</source>
+        <translation>Die Regelparameter sind die des Sprungs davor</translation>
+    </message>
+    <message>
+        <source>Gains: %1</source>
+        <translation>Regelparameter: %1</translation>
     </message>
 </context>
 <context>

@@ -1215,6 +1215,10 @@
         <source>Not opened</source>
         <translation>No se ha abierto</translation>
     </message>
+    <message>
+        <source>Parameters not written</source>
+        <translation>Parámetros no escritos</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>
@@ -2341,14 +2345,6 @@
         <translation>Lo que faltaba hasta el objetivo en la última muestra, diez segundos después de la aplicación como mucho</translation>
     </message>
     <message>
-        <source>Gains</source>
-        <translation>Ganancias</translation>
-    </message>
-    <message>
-        <source>The gains that differ between the two steps; all of them in the tips below. The step before is the grey curve, moved and scaled to this step</source>
-        <translation>Las ganancias en que difieren los dos escalones; todas están en las sugerencias de abajo. El escalón anterior es la curva gris, desplazada y escalada a este escalón</translation>
-    </message>
-    <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
     </message>
@@ -2367,6 +2363,18 @@
     <message>
         <source>Gives the servo the gains again that it had at the step before</source>
         <translation>Devuelve al servo las ganancias que tenía en el escalón anterior</translation>
+    </message>
+    <message>
+        <source>The grey curve, moved and scaled to this step</source>
+        <translation>La curva gris, desplazada y escalada a este escalón</translation>
+    </message>
+    <message>
+        <source>The gains are those of the step before</source>
+        <translation>Las ganancias son las del escalón anterior</translation>
+    </message>
+    <message>
+        <source>Gains: %1</source>
+        <translation>Ganancias: %1</translation>
     </message>
 </context>
 <context>

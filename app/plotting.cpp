@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/linkline.h"
+#include "chart/chartlibrary.h"
 #include "device/unitshelper.h"
 #include "plot/plotpane.h"
 #include "recording/csvreader.h"
@@ -122,7 +123,7 @@ void Plotting::addTo(QMenu &menu)
 
 void Plotting::restore()
 {
-    if (m_settings.value(ShownKey, false).toBool())
+    if (m_settings.value(ShownKey, false).toBool() && chart::load().charts)
         setPaneShown(true);
 }
 
@@ -135,6 +136,7 @@ void Plotting::setPaneShown(bool isShown)
 {
     if (isShown && !m_dock)
         makeDock();
+    m_showPane->setChecked(isShown && m_dock);
     if (!m_dock)
         return;
     m_dock->setVisible(isShown);
@@ -142,12 +144,21 @@ void Plotting::setPaneShown(bool isShown)
         m_pane->setFocus();
 }
 
+/** Tells the user if it cannot be made. */
 void Plotting::makeDock()
 {
+    const chart::LoadResult library = chart::load();
+    if (!library.charts) {
+        boxes::tell(&m_window, QMessageBox::Warning, tr("Plot"),
+                    tr("The plot cannot be shown, since a part of the program cannot be loaded. Installing the program "
+                       "again helps.") +
+                        QStringLiteral("\n\n") + library.error);
+        return;
+    }
     m_dock = new QDockWidget(tr("Plot"), &m_window);
     m_dock->setObjectName(QStringLiteral("plotDock"));
     m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
-    m_pane = new PlotPane(m_sampler, m_dock);
+    m_pane = new PlotPane(m_sampler, *library.charts, m_dock);
     m_dock->setWidget(m_pane);
     if (!m_window.restoreDockWidget(m_dock))
         placeDock();
@@ -312,6 +323,8 @@ void Plotting::openFile()
 void Plotting::open(const QString &path)
 {
     setPaneShown(true);
+    if (!m_pane)
+        return;
     QFile file(path);
     const bool isOpen = file.open(QIODevice::ReadOnly);
     recording::ReadResult result = isOpen ? recording::readCsv(file.readAll()) : recording::ReadResult{};

@@ -75,9 +75,10 @@ constexpr NumberRange ServoId{0, 253, 0};
 
 /**
  * Kilobytes that Qt may keep drawn controls in. Under a style sheet it never finds a spin box again that it has kept,
- * so that a larger cache only fills with what nobody asks for.
+ * and each one that is drawn drives out what is older: of hundreds that a second of polling brings, none is found. So
+ * this is for what is drawn several times in one frame.
  */
-constexpr int PixmapCacheLimit = 1024;
+constexpr int PixmapCacheLimit = 64;
 
 /** Where an AX-12 is after a factory reset, which leaves it neither id nor baud rate. */
 constexpr model::ServoAddress FactoryAx12{1, 1000000};

@@ -3,6 +3,7 @@
 #include "app/boxes.h"
 #include "app/linkline.h"
 #include "app/parameterfile.h"
+#include "chart/chartlibrary.h"
 #include "device/unitshelper.h"
 #include "plot/plotpane.h"
 #include "profile/profilefile.h"
@@ -130,7 +131,7 @@ void Plotting::addTo(QMenu &menu)
 
 void Plotting::restore()
 {
-    if (!m_settings.value(ShownKey, false).toBool())
+    if (!m_settings.value(ShownKey, false).toBool() || !chart::load().charts)
         return;
     setPaneShown(true);
     // One that floats is shown before the window is: window managers lay it below, or do not show it at all.
@@ -151,6 +152,7 @@ void Plotting::setPaneShown(bool isShown)
 {
     if (isShown && !m_dock)
         makeDock();
+    m_showPane->setChecked(isShown && m_dock);
     if (!m_dock)
         return;
     m_dock->setVisible(isShown);
@@ -158,12 +160,21 @@ void Plotting::setPaneShown(bool isShown)
         m_pane->setFocus();
 }
 
+/** Tells the user if it cannot be made. */
 void Plotting::makeDock()
 {
+    const chart::LoadResult library = chart::load();
+    if (!library.charts) {
+        boxes::tell(&m_window, QMessageBox::Warning, tr("Plot"),
+                    tr("The plot cannot be shown, since a part of the program cannot be loaded. Installing the program "
+                       "again helps.") +
+                        QStringLiteral("\n\n") + library.error);
+        return;
+    }
     m_dock = new QDockWidget(tr("Plot"), &m_window);
     m_dock->setObjectName(QStringLiteral("plotDock"));
     m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea);
-    m_pane = new PlotPane(m_sampler, m_dock);
+    m_pane = new PlotPane(m_sampler, *library.charts, m_dock);
     m_dock->setWidget(m_pane);
     if (!m_window.restoreDockWidget(m_dock))
         placeDock();
@@ -359,6 +370,8 @@ void Plotting::openFile()
 void Plotting::open(const QString &path)
 {
     setPaneShown(true);
+    if (!m_pane)
+        return;
     m_reader.start([this, path] {
         QFile file(path);
         const bool isOpen = file.open(QIODevice::ReadOnly);

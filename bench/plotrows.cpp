@@ -6,6 +6,7 @@
 #include "bench/processrows.h"
 #include "bench/registervalues.h"
 #include "bench/windowsize.h"
+#include "chart/chartlibrary.h"
 #include "model/families.h"
 #include "plot/curves.h"
 #include "plot/striparea.h"
@@ -72,7 +73,10 @@ Figures paintedPlot(const Rounds &rounds)
 
     const std::deque<recording::Mark> marks;
     plot::PlotSource source{store, &marks, timeOf(0), [](model::FieldKind) { return 0; }, {}};
-    plot::StripArea area;
+    const chart::LoadResult library = chart::load();
+    if (!library.charts)
+        qFatal("%s", qPrintable(library.error));
+    plot::StripArea area(*library.charts);
     area.resize(PlotSize);
     area.show(source, family, plot::defaultKeys(family));
     static_cast<QWidget &>(area).show();

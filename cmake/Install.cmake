@@ -2,12 +2,11 @@
 
 # The shared library serves these programs only. On systems with run paths it goes to a folder of their own that
 # nothing else searches; the run path is relative, so the installed tree may be moved as a whole. Windows has no run
-# paths: there the library lies beside the program.
+# paths: there the library lies beside the program. What the program loads when it needs it (cmake/Modules.cmake) lies
+# with it in either case.
 set(zelvar_private_libdir ${CMAKE_INSTALL_LIBDIR}/zelvar-servo-manager)
-file(RELATIVE_PATH zelvar_libdir_from_bindir
-    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zelvar-servo-manager)
 set_target_properties(zelvar-servo-manager zelvar-servo PROPERTIES
-    INSTALL_RPATH $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>/${zelvar_libdir_from_bindir})
+    INSTALL_RPATH $<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>/${zelvar_plugins_from_programs})
 
 set(zelvar_programs zelvar-servo-manager zelvar-servo)
 if(TARGET zelvar-servo-simulator)
@@ -17,6 +16,8 @@ install(TARGETS ${zelvar_programs} zelvarserialport
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${zelvar_private_libdir} NAMELINK_SKIP
     ARCHIVE EXCLUDE_FROM_ALL) # Windows' import library, of no use to a user
+install(TARGETS zelvarcharts
+    LIBRARY DESTINATION $<IF:$<PLATFORM_ID:Windows>,${CMAKE_INSTALL_BINDIR},${zelvar_private_libdir}>)
 
 if(UNIX)
     foreach(program IN LISTS zelvar_programs)

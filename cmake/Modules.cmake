@@ -17,6 +17,17 @@ if(ZELVAR_SANITIZERS)
     target_link_options(zelvar_build_settings INTERFACE -fsanitize=${ZELVAR_SANITIZERS})
 endif()
 
+# Where libraries lie that the programs load when they need them: where the shared library is installed, and in the
+# build folder in the same place seen from the programs; without run paths, on Windows, beside them.
+if(WIN32)
+    set(zelvar_plugins_from_programs .)
+else()
+    file(RELATIVE_PATH zelvar_plugins_from_programs
+        ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zelvar-servo-manager)
+endif()
+get_filename_component(zelvar_plugins_folder
+    ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${zelvar_plugins_from_programs} ABSOLUTE)
+
 # zelvar_module(NAME SOURCES... LINKS ...): one folder of the program as a static library. What a module may
 # include is what it links, so the link list is the module's list of allowed arrows.
 function(zelvar_module name)

@@ -163,7 +163,7 @@ QString ComparisonModel::textOf(const Row &row, int column) const
 /** Values that the decimals shown do not tell apart have their counts, too. */
 QString ComparisonModel::valueText(const Row &row, qint32 raw, qint32 other) const
 {
-    const QString text = m_text.value(*row.pair.field, raw);
+    QString text = m_text.value(*row.pair.field, raw);
     if (raw == other || text != m_text.value(*row.pair.field, other))
         return text;
     return tr("%1 (raw %2)").arg(text).arg(raw);

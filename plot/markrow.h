@@ -1,7 +1,7 @@
 #pragma once
 
-#include "plot/plotitems.h"
-
+#include <QColor>
+#include <QString>
 #include <QWidget>
 
 #include <vector>

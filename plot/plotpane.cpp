@@ -1,5 +1,6 @@
 #include "plot/plotpane.h"
 
+#include "chart/chart.h"
 #include "model/families.h"
 #include "plot/curves.h"
 #include "plot/steprow.h"
@@ -12,8 +13,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenu>
-#include <QPainter>
-#include <QSvgGenerator>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -49,9 +48,9 @@ QString spanText(double seconds)
 
 } // namespace
 
-PlotPane::PlotPane(recording::Sampler &sampler, QWidget *parent)
-    : QWidget(parent), m_sampler(sampler), m_settings(SettingsGroup), m_toolBar(new QToolBar(this)),
-      m_area(new StripArea(this)), m_steps(new StepRow(this)), m_cursor(new QLabel(this))
+PlotPane::PlotPane(recording::Sampler &sampler, const chart::Charts &charts, QWidget *parent)
+    : QWidget(parent), m_sampler(sampler), m_charts(charts), m_settings(SettingsGroup), m_toolBar(new QToolBar(this)),
+      m_area(new StripArea(charts, this)), m_steps(new StepRow(this)), m_cursor(new QLabel(this))
 {
     setObjectName(QStringLiteral("plotPane"));
     setFocusProxy(m_area);
@@ -416,7 +415,7 @@ QByteArray PlotPane::contents(Format format) const
     case Format::Png:
         return png();
     case Format::Svg:
-        return svg();
+        return m_charts.svg(*m_area, tr("Plot"));
     case Format::Csv:
         return csv();
     }
@@ -428,22 +427,6 @@ QByteArray PlotPane::png() const
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     m_area->grab().save(&file, "PNG");
-    return file.data();
-}
-
-QByteArray PlotPane::svg() const
-{
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&file);
-    generator.setResolution(m_area->logicalDpiX()); // else texts are smaller than in the pane
-    generator.setSize(m_area->size());
-    generator.setViewBox(m_area->rect());
-    generator.setTitle(tr("Plot"));
-    QPainter painter(&generator);
-    m_area->render(&painter);
-    painter.end();
     return file.data();
 }
 

@@ -16,6 +16,10 @@ class QMenu;
 class QToolBar;
 class QToolButton;
 
+namespace chart {
+class Charts;
+}
+
 namespace recording {
 class Sampler;
 }
@@ -38,8 +42,8 @@ public:
     /** What is seen, to be saved. */
     enum class Format { Png, Svg, Csv };
 
-    /** @param sampler must outlive the pane. */
-    explicit PlotPane(recording::Sampler &sampler, QWidget *parent = nullptr);
+    /** @param sampler must outlive the pane. @param charts makes what the curves are drawn in. */
+    PlotPane(recording::Sampler &sampler, const chart::Charts &charts, QWidget *parent = nullptr);
     ~PlotPane() override;
 
     /** Shows @p recording in place of the connection until the user goes back. @param name of its file. */
@@ -91,10 +95,10 @@ private:
     void showSpan();
 
     QByteArray png() const;
-    QByteArray svg() const;
     QByteArray csv() const;
 
     recording::Sampler &m_sampler;
+    const chart::Charts &m_charts;
     Settings m_settings;
     PlotSource m_live;
     PlotSource m_recorded; ///< of m_recording

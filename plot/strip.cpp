@@ -2,14 +2,8 @@
 
 #include "plot/legendrow.h"
 
-#include <qwt_plot.h>
-#include <qwt_plot_canvas.h>
-#include <qwt_plot_grid.h>
-#include <qwt_plot_layout.h>
-#include <qwt_scale_draw.h>
-#include <qwt_scale_widget.h>
-
 #include <QApplication>
+#include <QLocale>
 #include <QMouseEvent>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -21,49 +15,25 @@ namespace plot {
 
 namespace {
 
-constexpr double GridZ = 0.0;
-constexpr double MarksZ = 1.0;
-constexpr double FaintZ = 5.0;
-constexpr double CurveZ = 10.0;
-constexpr double CursorsZ = 20.0;
 constexpr QRgb GridColor = 0xffe4e4e4;
 constexpr QRgb FaintColor = 0xff9a9a9a;
 constexpr QRgb CursorColor = 0xff404040;
 /** Steps of a field that fill a strip at least. */
 constexpr int LeastSteps = 20;
-constexpr int LeastNumbers = 2; ///< about, on the scale of values
-constexpr int MostNumbers = 4;
-constexpr double LinesPerNumber = 1.1; ///< of text, that a number takes there
-constexpr double EndPart = 0.05;       ///< of the scale of time, at each end, without texts
 constexpr double ZoomPerNotch = 1.25;
 constexpr double DegreesPerNotch = 120.0; ///< in eighths, as Qt tells them
 /** Keeps room for the widest number, so that the strips do not shift. */
 const QString WidestLabel = QStringLiteral("-1602.25");
 
-/** Numbers in the user's locale. */
-class LocalScaleDraw : public QwtScaleDraw
+QString scaleText(double value)
 {
-public:
-    QwtText label(double value) const override
-    {
-        const double shown = std::abs(value) < 1e-12 ? 0.0 : value;
-        return QwtText(QLocale().toString(shown, 'g', 7));
-    }
-};
+    return QLocale().toString(value, 'g', 7);
+}
 
-/** With the unit of time. */
-class TimeScaleDraw final : public LocalScaleDraw
+chart::Lines drawn(recording::Polylines lines)
 {
-public:
-    QwtText label(double value) const override
-    {
-        // A text that hangs over the end would make this strip's canvas narrower than those of the others.
-        const double part = (value - scaleDiv().lowerBound()) / scaleDiv().range();
-        if (part < EndPart || part > 1 - EndPart)
-            return {};
-        return QwtText(Strip::tr("%1 s").arg(LocalScaleDraw::label(value).text()));
-    }
-};
+    return {std::move(lines.points), std::move(lines.starts), lines.isSparse};
+}
 
 QPen thin(QRgb color, Qt::PenStyle style)
 {
@@ -74,80 +44,64 @@ QPen thin(QRgb color, Qt::PenStyle style)
 
 } // namespace
 
-Strip::Strip(StripCurves curves, const model::Family &family, QWidget *parent)
+Strip::Strip(StripCurves curves, const model::Family &family, const chart::Charts &charts, QWidget *parent)
     : QWidget(parent), m_curves(std::move(curves)), m_family(family), m_legend(new LegendRow(this)),
-      m_plot(new QwtPlot(this)), m_faint(new CurveItem(thin(FaintColor, Qt::SolidLine))),
-      m_marks(new VerticalLinesItem(MarksZ)), m_cursors(new VerticalLinesItem(CursorsZ))
+      m_chart(charts.makeChart(look(), this))
 {
     setObjectName(QStringLiteral("plotStrip_") + m_curves.key);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_legend);
-    layout->addWidget(m_plot, 1);
-
-    auto *canvas = new QwtPlotCanvas;
-    // Each frame is another picture: a copy of the last one would only take time and memory.
-    canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
-    canvas->setFrameStyle(QFrame::NoFrame);
-    canvas->setMouseTracking(true);
-    canvas->setCursor(Qt::CrossCursor);
-    canvas->installEventFilter(this);
-    m_plot->setCanvas(canvas);
-    m_plot->setCanvasBackground(palette().color(QPalette::Base));
-    m_plot->setAutoReplot(false);
-    m_plot->plotLayout()->setAlignCanvasToScales(true);
-    m_plot->setMinimumHeight(0);
-    m_plot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    m_plot->setAxisScaleDraw(QwtPlot::yLeft, new LocalScaleDraw);
-    m_plot->setAxisScaleDraw(QwtPlot::xBottom, new TimeScaleDraw);
-    for (const auto axis : {QwtPlot::yLeft, QwtPlot::xBottom})
-        m_plot->setAxisFont(axis, font());
-    const int extent = fontMetrics().horizontalAdvance(WidestLabel) + 2 * fontMetrics().averageCharWidth();
-    m_plot->axisScaleDraw(QwtPlot::yLeft)->setMinimumExtent(extent);
-    m_plot->axisScaleDraw(QwtPlot::yLeft)->enableComponent(QwtAbstractScaleDraw::Backbone, false);
-    m_legend->setIndent(extent);
-
-    auto *grid = new QwtPlotGrid;
-    grid->setPen(thin(GridColor, Qt::SolidLine));
-    grid->setZ(GridZ);
-    grid->attach(m_plot);
-    m_faint->setZ(FaintZ);
-    m_faint->attach(m_plot);
-    m_marks->attach(m_plot);
-    m_cursors->attach(m_plot);
-    for (std::size_t i = 0; i < m_curves.curves.size(); ++i) {
-        m_items.push_back(new CurveItem(m_curves.curves[i].pen));
-        m_items.back()->setZ(CurveZ - double(i)); // the first one on top
-        m_items.back()->attach(m_plot);
-    }
+    layout->addWidget(&m_chart->widget(), 1);
+    m_legend->setIndent(look().valueScaleWidth);
+    QWidget &canvas = m_chart->canvas();
+    canvas.setMouseTracking(true);
+    canvas.setCursor(Qt::CrossCursor);
+    canvas.installEventFilter(this);
 }
 
 Strip::~Strip() = default;
 
+chart::Look Strip::look() const
+{
+    chart::Look look;
+    for (const Curve &curve : m_curves.curves)
+        look.curves.push_back(curve.pen);
+    look.curves.push_back(thin(FaintColor, Qt::SolidLine));
+    look.grid = thin(GridColor, Qt::SolidLine);
+    look.background = palette().color(QPalette::Base);
+    look.font = font();
+    look.valueScaleWidth = fontMetrics().horizontalAdvance(WidestLabel) + 2 * fontMetrics().averageCharWidth();
+    look.timeText = [](double seconds) { return tr("%1 s").arg(scaleText(seconds)); };
+    look.valueText = scaleText;
+    return look;
+}
+
 QRect Strip::canvasPlace() const
 {
-    return QRect(m_plot->canvas()->mapTo(this, QPoint()), m_plot->canvas()->size());
+    const QWidget &canvas = m_chart->canvas();
+    return QRect(canvas.mapTo(this, QPoint()), canvas.size());
 }
 
 void Strip::setTimeScaleVisible(bool isVisible)
 {
-    m_plot->enableAxis(QwtPlot::xBottom, isVisible);
+    m_chart->setTimeScaleVisible(isVisible);
 }
 
 int Strip::timeScaleHeight() const
 {
-    const QwtScaleWidget &scale = *m_plot->axisWidget(QwtPlot::xBottom);
-    return m_plot->axisEnabled(QwtPlot::xBottom) ? scale.minimumSizeHint().height() : 0;
+    return m_chart->timeScaleHeight();
 }
 
-void Strip::showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines)
+void Strip::showView(const View &view, const FaintCurve &faint, const std::vector<chart::VerticalLine> &marks)
 {
     showCurves(view, faint);
     showScales(view);
     showLegend(view);
-    showLines(view, lines);
-    m_plot->replot();
+    m_chart->setMarks(marks);
+    showCursors(view);
+    m_chart->replot();
 }
 
 recording::Polylines Strip::linesOf(const View &view, const Curve &curve) const
@@ -156,7 +110,7 @@ recording::Polylines Strip::linesOf(const View &view, const Curve &curve) const
     if (source.isEmpty() || &source.samples->family() != &m_family || !source.has(*curve.column.field))
         return {};
     const recording::TimeSpan span{source.timeAt(view.window.begin()), source.timeAt(view.window.end())};
-    return recording::decimated(*source.samples, curve.column, span, m_plot->canvas()->width(), source.origin);
+    return recording::decimated(*source.samples, curve.column, span, m_chart->canvas().width(), source.origin);
 }
 
 recording::Polylines Strip::faintLines(const View &view, const FaintCurve &faint) const
@@ -166,7 +120,7 @@ recording::Polylines Strip::faintLines(const View &view, const FaintCurve &faint
     if (!faint.field || curve == curves().end() || view.source.isEmpty())
         return {};
     recording::Polylines lines = recording::decimated(*view.source.samples, curve->column, faint.span,
-                                                      m_plot->canvas()->width(), view.source.origin);
+                                                      m_chart->canvas().width(), view.source.origin);
     lines.isSparse = false; // no dots
     for (QPointF &point : lines.points)
         point = {point.x() + faint.laterBy, point.y() * faint.factor + faint.offset};
@@ -176,16 +130,17 @@ recording::Polylines Strip::faintLines(const View &view, const FaintCurve &faint
 void Strip::showCurves(const View &view, const FaintCurve &faint)
 {
     std::optional<recording::Extent> values;
-    for (std::size_t i = 0; i < m_items.size(); ++i) {
-        m_items[i]->setLines(linesOf(view, m_curves.curves[i]));
-        const auto extent = recording::extentOf(m_items[i]->lines());
+    for (std::size_t i = 0; i < curves().size(); ++i) {
+        recording::Polylines lines = linesOf(view, curves()[i]);
+        const auto extent = recording::extentOf(lines);
         if (extent && values)
             values =
                 recording::Extent{std::min(values->least, extent->least), std::max(values->greatest, extent->greatest)};
         else if (extent)
             values = extent;
+        m_chart->setCurve(i, drawn(std::move(lines)));
     }
-    m_faint->setLines(faintLines(view, faint));
+    m_chart->setCurve(curves().size(), drawn(faintLines(view, faint)));
     if (values)
         m_range.follow(*values, leastSpan());
 }
@@ -204,15 +159,8 @@ double Strip::leastSpan() const
 
 void Strip::showScales(const View &view)
 {
-    m_plot->setAxisScale(QwtPlot::xBottom, view.window.begin(), view.window.end());
-    // Set anew only when it changes: that lays the strip out again.
-    const double room = m_plot->canvas()->height() / (LinesPerNumber * fontMetrics().height());
-    const int numbers = std::clamp(int(room), LeastNumbers, MostNumbers);
-    if (m_plot->axisMaxMajor(QwtPlot::yLeft) != numbers)
-        m_plot->setAxisMaxMajor(QwtPlot::yLeft, numbers);
-    const QwtInterval shown = m_plot->axisScaleDiv(QwtPlot::yLeft).interval();
-    if (shown.minValue() != m_range.lower() || shown.maxValue() != m_range.upper())
-        m_plot->setAxisScale(QwtPlot::yLeft, m_range.lower(), m_range.upper());
+    m_chart->setTimes(view.window.begin(), view.window.end());
+    m_chart->setValues(m_range.lower(), m_range.upper());
 }
 
 std::optional<double> Strip::valueAt(const PlotSource &source, const Curve &curve, double seconds)
@@ -242,25 +190,24 @@ void Strip::showLegend(const View &view)
     m_legend->setEntries(std::move(entries));
 }
 
-void Strip::showLines(const View &view, const std::vector<VerticalLine> &lines)
+void Strip::showCursors(const View &view)
 {
-    m_marks->setLines(lines);
-    std::vector<VerticalLine> cursors;
+    std::vector<chart::VerticalLine> cursors;
     if (view.reference)
         cursors.push_back({*view.reference, thin(CursorColor, Qt::DashLine), {}});
     if (view.cursor)
         cursors.push_back({*view.cursor, thin(CursorColor, Qt::SolidLine), {}});
-    m_cursors->setLines(std::move(cursors));
+    m_chart->setCursors(std::move(cursors));
 }
 
 double Strip::secondsAt(const QPoint &place) const
 {
-    return m_plot->invTransform(QwtPlot::xBottom, place.x());
+    return m_chart->secondsAt(place.x());
 }
 
 double Strip::valueAt(const QPoint &place) const
 {
-    return m_plot->invTransform(QwtPlot::yLeft, place.y());
+    return m_chart->valueAt(place.y());
 }
 
 bool Strip::eventFilter(QObject *watched, QEvent *event)

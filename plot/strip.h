@@ -1,17 +1,16 @@
 #pragma once
 
+#include "chart/chart.h"
 #include "plot/curves.h"
-#include "plot/plotitems.h"
 #include "plot/plotsource.h"
 #include "plot/timewindow.h"
 #include "plot/valuerange.h"
+#include "recording/decimation.h"
 
 #include <QWidget>
 
 #include <memory>
 #include <vector>
-
-class QwtPlot;
 
 namespace plot {
 
@@ -43,7 +42,7 @@ class Strip : public QWidget
 
 public:
     /** @param family lives as long as the program. */
-    Strip(StripCurves curves, const model::Family &family, QWidget *parent);
+    Strip(StripCurves curves, const model::Family &family, const chart::Charts &charts, QWidget *parent);
     ~Strip() override;
 
     const QString &key() const { return m_curves.key; }
@@ -54,7 +53,7 @@ public:
     void setTimeScaleVisible(bool isVisible);
     /** In pixels; 0 without it. */
     int timeScaleHeight() const;
-    void showView(const View &view, const FaintCurve &faint, const std::vector<VerticalLine> &lines);
+    void showView(const View &view, const FaintCurve &faint, const std::vector<chart::VerticalLine> &marks);
 
     /** Where the curves are, in the strip. */
     QRect canvasPlace() const;
@@ -82,7 +81,8 @@ private:
     void showCurves(const View &view, const FaintCurve &faint);
     void showScales(const View &view);
     void showLegend(const View &view);
-    void showLines(const View &view, const std::vector<VerticalLine> &lines);
+    void showCursors(const View &view);
+    chart::Look look() const;
     recording::Polylines linesOf(const View &view, const Curve &curve) const;
     recording::Polylines faintLines(const View &view, const FaintCurve &faint) const;
     double leastSpan() const;
@@ -90,12 +90,8 @@ private:
     StripCurves m_curves;
     const model::Family &m_family;
     LegendRow *m_legend;
-    QwtPlot *m_plot;
+    chart::Chart *m_chart; ///< its widget is a child
     ValueRange m_range;
-    std::vector<CurveItem *> m_items; ///< the plot's, in the curves' order
-    CurveItem *m_faint;
-    VerticalLinesItem *m_marks;   ///< below the curves
-    VerticalLinesItem *m_cursors; ///< above them
     std::optional<QPoint> m_pressedAt;
     QPoint m_draggedTo;
     bool m_isDragging = false;

@@ -43,7 +43,8 @@ QString flagLabel(const model::Family &family, const QString &key)
 
 } // namespace
 
-StripArea::StripArea(QWidget *parent) : QWidget(parent), m_marks(new MarkRow(this)), m_layout(new QVBoxLayout(this))
+StripArea::StripArea(const chart::Charts &charts, QWidget *parent)
+    : QWidget(parent), m_charts(charts), m_marks(new MarkRow(this)), m_layout(new QVBoxLayout(this))
 {
     setObjectName(QStringLiteral("plotStrips"));
     setAccessibleName(tr("Curves"));
@@ -87,7 +88,7 @@ void StripArea::shareHeight()
 
 void StripArea::addStrip(const StripCurves &curves, const model::Family &family)
 {
-    auto *strip = new Strip(curves, family, this);
+    auto *strip = new Strip(curves, family, m_charts, this);
     strip->setTimeScaleVisible(false);
     if (const auto range = fixedRange(curves.key))
         strip->range().fix(range->least, range->greatest);
@@ -113,20 +114,20 @@ void StripArea::refresh()
     if (!m_source.isEmpty())
         m_window.setNewest(m_source.seconds(m_source.samples->timeOf(m_source.samples->end() - 1)));
     const View view{m_source, m_window, cursor(), m_reference};
-    const std::vector<VerticalLine> lines = markLines();
+    const std::vector<chart::VerticalLine> lines = markLines();
     for (Strip *strip : m_strips)
         strip->showView(view, m_faint, lines);
     showMarkTexts(lines);
 }
 
-void StripArea::showMarkTexts(const std::vector<VerticalLine> &lines)
+void StripArea::showMarkTexts(const std::vector<chart::VerticalLine> &lines)
 {
     std::vector<MarkRow::Mark> marks;
     if (!m_strips.empty()) {
         const Strip &strip = *m_strips.front();
         const int left = strip.x() + strip.canvasPlace().x();
         const double pixelsPerSecond = strip.canvasPlace().width() / m_window.span();
-        for (const VerticalLine &line : lines)
+        for (const chart::VerticalLine &line : lines)
             marks.push_back(
                 {left + qRound((line.seconds - m_window.begin()) * pixelsPerSecond), line.pen.color(), line.text});
     }
@@ -296,9 +297,9 @@ QString StripArea::textOf(const Mark &mark) const
     return texts.join(QLatin1String(", "));
 }
 
-std::vector<VerticalLine> StripArea::markLines() const
+std::vector<chart::VerticalLine> StripArea::markLines() const
 {
-    std::vector<VerticalLine> lines;
+    std::vector<chart::VerticalLine> lines;
     if (!m_source.marks)
         return lines;
     for (const Mark &mark : *m_source.marks) {
@@ -312,7 +313,7 @@ std::vector<VerticalLine> StripArea::markLines() const
         pen.setCosmetic(true);
         lines.push_back({seconds, pen, text});
     }
-    const auto isEarlier = [](const VerticalLine &one, const VerticalLine &other) {
+    const auto isEarlier = [](const chart::VerticalLine &one, const chart::VerticalLine &other) {
         return one.seconds < other.seconds;
     };
     std::sort(lines.begin(), lines.end(), isEarlier);

@@ -23,7 +23,8 @@ class StripArea : public QWidget
     Q_OBJECT
 
 public:
-    explicit StripArea(QWidget *parent = nullptr);
+    /** @param charts makes what the curves are drawn in. */
+    explicit StripArea(const chart::Charts &charts, QWidget *parent = nullptr);
     ~StripArea() override;
 
     /** Shows the fields @p keys of @p source, which has to stay as it is until another one is shown. */
@@ -72,12 +73,13 @@ private:
     void clearCursors();
     std::optional<double> cursor() const;
     std::optional<double> sampleAt(double seconds) const;
-    std::vector<VerticalLine> markLines() const;
+    std::vector<chart::VerticalLine> markLines() const;
     QString textOf(const recording::Mark &mark) const;
-    void showMarkTexts(const std::vector<VerticalLine> &lines);
+    void showMarkTexts(const std::vector<chart::VerticalLine> &lines);
     Strip *stripAt(const QPoint &place) const;
     void changed();
 
+    const chart::Charts &m_charts;
     PlotSource m_source;
     const model::Family *m_family = nullptr;
     TimeWindow m_window;

@@ -62,23 +62,46 @@ private:
     class TimerAlarm final : public Alarm
     {
     public:
-        TimerAlarm(QObject &owner, std::function<void()> onTime) : m_timer(new QTimer(&owner))
+        TimerAlarm(QObject &owner, std::function<void()> onTime)
+            : m_timer(new QTimer(&owner)), m_onTime(std::move(onTime))
         {
             m_timer->setSingleShot(true);
             m_timer->setTimerType(Qt::PreciseTimer);
-            QObject::connect(m_timer, &QTimer::timeout, m_timer, std::move(onTime));
+            QObject::connect(m_timer, &QTimer::timeout, m_timer, [this] { onTimeout(); });
         }
         ~TimerAlarm() override { delete m_timer; }
         Q_DISABLE_COPY(TimerAlarm)
 
         void start(Duration duration) override
         {
-            m_timer->start(std::chrono::ceil<std::chrono::milliseconds>(duration));
+            m_due = std::chrono::steady_clock::now() + duration;
+            // An alarm that is put off again and again, as each packet does, has its timer set when that has run out.
+            if (!m_timer->isActive() || m_due < m_timerDue)
+                startTimer(duration);
         }
         void stop() override { m_timer->stop(); }
         bool isActive() const override { return m_timer->isActive(); }
 
     private:
+        void startTimer(Duration duration)
+        {
+            m_timerDue = m_due;
+            m_timer->start(std::chrono::ceil<std::chrono::milliseconds>(duration));
+        }
+        void onTimeout()
+        {
+            const auto left = std::chrono::ceil<Duration>(m_due - std::chrono::steady_clock::now());
+            if (left > Duration(0)) {
+                startTimer(left);
+                return;
+            }
+            const auto onTime = m_onTime; // it may destroy this alarm
+            onTime();
+        }
+
         QTimer *m_timer; ///< a child of the owner, so that it follows it into another thread
+        std::function<void()> m_onTime;
+        TimePoint m_due;
+        TimePoint m_timerDue; ///< of the timer while it runs: not later than m_due
     };
 };

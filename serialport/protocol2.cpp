@@ -2,6 +2,7 @@
 
 #include "serialport/crc16.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace wire::protocol2 {
@@ -40,27 +41,30 @@ int headerAt(const QByteArray &bytes, int from)
     return -1;
 }
 
-void setLittleEndian16(QByteArray &bytes, int index, quint16 value)
+void putLittleEndian16(char *place, quint16 value)
 {
-    bytes[index] = static_cast<char>(value & 0xFF);
-    bytes[index + 1] = static_cast<char>(value >> 8);
+    place[0] = static_cast<char>(value & 0xFF);
+    place[1] = static_cast<char>(value >> 8);
 }
 
 /** The packet whose body is @p lead and @p parameters. Polls make one each, so it is built where it stays. */
 template <std::size_t LeadSize>
 QByteArray framed(quint8 id, const char (&lead)[LeadSize], const QByteArray &parameters)
 {
-    QByteArray packet;
-    packet.reserve(PrefixSize + static_cast<int>(LeadSize) + parameters.size() + CrcSize);
-    packet.append(Header).append(static_cast<char>(id));
-    packet.resize(PrefixSize); // the length follows when it is known
-    packet.append(lead, static_cast<int>(LeadSize)).append(parameters);
-    if (patternAt(packet, PrefixSize, packet.size()) >= 0)
-        packet.replace(PrefixSize, packet.size() - PrefixSize, stuffed(packet.mid(PrefixSize)));
-    const int crcIndex = packet.size();
-    setLittleEndian16(packet, HeaderSize + 1, static_cast<quint16>(crcIndex - PrefixSize + CrcSize));
-    packet.resize(crcIndex + CrcSize);
-    setLittleEndian16(packet, crcIndex, crc16(packet.constData(), static_cast<std::size_t>(crcIndex)));
+    const int size = PrefixSize + static_cast<int>(LeadSize) + parameters.size() + CrcSize;
+    QByteArray packet(size, Qt::Uninitialized);
+    char *place = std::copy(Header.begin(), Header.end(), packet.data());
+    *place = static_cast<char>(id);
+    place = std::copy(std::begin(lead), std::end(lead), packet.data() + PrefixSize);
+    std::copy(parameters.begin(), parameters.end(), place);
+    if (patternAt(packet, PrefixSize, size - CrcSize) >= 0) {
+        const QByteArray body = packet.mid(PrefixSize, size - PrefixSize - CrcSize);
+        packet.replace(PrefixSize, body.size(), stuffed(body));
+    }
+    const int crcIndex = packet.size() - CrcSize;
+    char *const bytes = packet.data();
+    putLittleEndian16(bytes + HeaderSize + 1, static_cast<quint16>(packet.size() - PrefixSize));
+    putLittleEndian16(bytes + crcIndex, crc16(bytes, static_cast<std::size_t>(crcIndex)));
     return packet;
 }
 
@@ -114,8 +118,8 @@ QByteArray encodeStatus(quint8 id, quint8 error, const QByteArray &parameters)
 QByteArray readParameters(quint16 address, quint16 length)
 {
     QByteArray parameters(2 + 2, Qt::Uninitialized);
-    setLittleEndian16(parameters, 0, address);
-    setLittleEndian16(parameters, 2, length);
+    putLittleEndian16(parameters.data(), address);
+    putLittleEndian16(parameters.data() + 2, length);
     return parameters;
 }
 

@@ -47,6 +47,10 @@ quint8 errorByte(const wire::Packet &status)
 QByteArray readReply(const wire::Packet &status)
 {
     const QByteArray &data = status.parameters;
+    const bool isFramedSo = status.framing == wire::Framing::Protocol2 &&
+                            status.raw.size() == data.size() + wire::protocol2::StatusOverhead; // nothing was stuffed
+    if (isFramedSo)
+        return status.raw;
     QByteArray reply =
         status.framing == wire::Framing::Protocol2 ? prefix2(status.id, data.size()) : prefix1(status.raw);
     reply.append(static_cast<char>(wire::Status));

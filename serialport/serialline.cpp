@@ -88,7 +88,7 @@ void SerialLine::send(const QByteArray &bytes)
 
 QByteArray SerialLine::takeReceived()
 {
-    return m_port->readAll();
+    return m_port->read(m_port->bytesAvailable()); // readAll() would look once more whether it was all
 }
 
 void SerialLine::discardReceived()

@@ -338,10 +338,7 @@ void ServoBus::finish(Outcome outcome, State next)
             result.data = answer->parameters;
     }
     m_exchange.reset();
-    m_state = next;
-    if (next == State::Idle)
-        m_alarm->stop();
-
+    m_state = next; // an alarm that rings while nothing is under way says nothing
     const QPointer<ServoBus> self(this);
     complete(std::exchange(m_current, {}), result);
     if (self && m_state == State::Idle)

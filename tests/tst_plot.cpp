@@ -116,6 +116,25 @@ private Q_SLOTS:
         }
     }
 
+    void theLibraryOfTheChartsMayBeMissing()
+    {
+        const QStringList folders = QCoreApplication::libraryPaths();
+        QCoreApplication::setLibraryPaths({});
+        Settings("plot settings").setValue("shown", true);
+        BoxWatcher watcher;
+        MainWindow window(nullptr); // which keeps quiet until the user asks
+        QCOMPARE(watcher.boxes, QStringList());
+        auto *show = window.findChild<QAction *>("actionPlot");
+        show->trigger();
+        QCOMPARE(watcher.boxes.size(), 1);
+        QVERIFY2(watcher.boxes[0].contains("zelvarcharts"), qPrintable(watcher.boxes[0]));
+        QVERIFY(!show->isChecked() && !window.findChild<PlotPane *>("plotPane"));
+        QCoreApplication::setLibraryPaths(folders);
+        show->trigger();
+        QVERIFY(show->isChecked() && window.findChild<PlotPane *>("plotPane"));
+        QCOMPARE(watcher.boxes.size(), 1);
+    }
+
     void aServoIsWatchedRecordedAndLookedAtAgain()
     {
         const QTemporaryDir folder;

@@ -1219,6 +1219,10 @@
         <source>Parameters not written</source>
         <translation>Parameter nicht geschrieben</translation>
     </message>
+    <message>
+        <source>The plot cannot be shown, since a part of the program cannot be loaded. Installing the program again helps.</source>
+        <translation>Die Kurven können nicht gezeigt werden, da ein Teil des Programms nicht geladen werden kann. Eine neue Installation des Programms hilft.</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>
@@ -1890,6 +1894,13 @@
     <message>
         <source>Debug 4</source>
         <translation>Debug 4</translation>
+    </message>
+</context>
+<context>
+    <name>chart::Charts</name>
+    <message>
+        <source>%1 is of another version of the program.</source>
+        <translation>%1 gehört zu einer anderen Version des Programms.</translation>
     </message>
 </context>
 <context>

@@ -1219,6 +1219,10 @@
         <source>Parameters not written</source>
         <translation>Parámetros no escritos</translation>
     </message>
+    <message>
+        <source>The plot cannot be shown, since a part of the program cannot be loaded. Installing the program again helps.</source>
+        <translation>La gráfica no se puede mostrar porque una parte del programa no se puede cargar. Vuelva a instalar el programa.</translation>
+    </message>
 </context>
 <context>
     <name>PortErrors</name>
@@ -1890,6 +1894,13 @@
     <message>
         <source>Debug 4</source>
         <translation>Depur. 4</translation>
+    </message>
+</context>
+<context>
+    <name>chart::Charts</name>
+    <message>
+        <source>%1 is of another version of the program.</source>
+        <translation>%1 es de otra versión del programa.</translation>
     </message>
 </context>
 <context>

@@ -23,6 +23,7 @@ TestEnvironment::TestEnvironment()
     qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
     QLocale::setDefault(QLocale::c());
+    QCoreApplication::addLibraryPath(QStringLiteral(ZELVAR_PLUGINS)); // test programs lie elsewhere than the program
 }
 
 TestEnvironment::~TestEnvironment()

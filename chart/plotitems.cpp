@@ -1,10 +1,10 @@
-#include "plot/plotitems.h"
+#include "chart/plotitems.h"
 
 #include <qwt_scale_map.h>
 
 #include <QPainter>
 
-namespace plot {
+namespace chart {
 
 namespace {
 
@@ -64,4 +64,4 @@ void VerticalLinesItem::draw(QPainter *painter, const QwtScaleMap &xMap, const Q
     }
 }
 
-} // namespace plot
+} // namespace chart

@@ -1,39 +1,28 @@
 #pragma once
 
-#include "plot/curves.h"
-#include "plot/plotsource.h"
-#include "recording/decimation.h"
+#include "chart/chart.h"
 
 #include <qwt_plot_item.h>
 
 #include <vector>
 
-namespace plot {
+namespace chart {
 
 /** The lines of one curve. */
 class CurveItem final : public QwtPlotItem
 {
 public:
-    explicit CurveItem(const QPen &pen) : m_pen(pen) {}
+    CurveItem(const QPen &pen, double z) : m_pen(pen) { setZ(z); }
 
-    void setLines(recording::Polylines lines) { m_lines = std::move(lines); }
-    const recording::Polylines &lines() const { return m_lines; }
+    void setLines(Lines lines) { m_lines = std::move(lines); }
     void draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap, const QRectF &canvas) const override;
 
 private:
     QPen m_pen;
-    recording::Polylines m_lines;
+    Lines m_lines;
 };
 
-/** A vertical line and what it means. */
-struct VerticalLine
-{
-    double seconds;
-    QPen pen;
-    QString text; ///< empty for a cursor
-};
-
-/** Vertical lines through a strip. */
+/** Vertical lines through all of the chart. */
 class VerticalLinesItem final : public QwtPlotItem
 {
 public:
@@ -46,4 +35,4 @@ private:
     std::vector<VerticalLine> m_lines;
 };
 
-} // namespace plot
+} // namespace chart

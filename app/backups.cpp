@@ -48,6 +48,7 @@ struct ObstacleRow
 const ObstacleRow Obstacles[] = {
     {Obstacle::Refused,      QT_TRANSLATE_NOOP("Backups", "Nothing was written: the servo refuses to be read.")},
     {Obstacle::OtherModel,   QT_TRANSLATE_NOOP("Backups", "Nothing was written: by now another servo answers, of another model.")},
+    {Obstacle::OtherValues,  QT_TRANSLATE_NOOP("Backups", "Nothing was written: by now the servo has other values than those shown here. Close this and compare again.")},
     {Obstacle::MotorOn,      QT_TRANSLATE_NOOP("Backups", "Nothing was written: the motor is on.")},
     {Obstacle::MotorStaysOn, QT_TRANSLATE_NOOP("Backups", "Nothing was restored: the motor could not be switched off.")},
     {Obstacle::Locked,       QT_TRANSLATE_NOOP("Backups", "Nothing was written: the servo's lock is on, so that it keeps its parameters. Switch its supply off and on.")},

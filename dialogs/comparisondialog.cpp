@@ -251,7 +251,7 @@ QString ComparisonDialog::countText() const
 void ComparisonDialog::onRestore()
 {
     if (m_isWriting)
-        Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked()});
+        Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked(), m_subject.servo});
     else
         Q_EMIT restoreOfferWanted();
 }

@@ -153,6 +153,8 @@ Obstacle Restoration::obstacle() const
         return Obstacle::OtherModel;
     if (m_plan.empty())
         return Obstacle::None;
+    if (!isAsSeen())
+        return Obstacle::OtherValues;
     if (isMotorOn() && !m_wish.mayStopMotor)
         return Obstacle::MotorOn;
     if (m_image.raw(QLatin1String("lock")).value_or(0) != 0)
@@ -162,6 +164,14 @@ Obstacle Restoration::obstacle() const
             return Obstacle::Unreadable;
     }
     return Obstacle::None;
+}
+
+bool Restoration::isAsSeen() const
+{
+    const std::vector<Pair> differences = m_before.differences();
+    return !m_wish.seen || std::all_of(differences.begin(), differences.end(), [this](const Pair &pair) {
+        return m_wish.seen->raw(*pair.field) == pair.servo;
+    });
 }
 
 void Restoration::onNewAddressAsked(const BusResult &result)

@@ -99,11 +99,11 @@ public:
     int repliesLeft = 1000;             ///< before the line is dead
     QRandomGenerator *faults = nullptr; ///< spoils half of the exchanges
 
-    RestoreReport restore(const Profile &file)
+    RestoreReport restore(const Profile &file, const std::optional<Profile> &seen = std::nullopt)
     {
         const auto open = [this](int baudRate) { return m_bus.open("line", m_baudRate = baudRate); };
         Restoration restoration(m_bus, open, std::chrono::milliseconds(0), m_clock);
-        restoration.begin(m_servo.address(), {file, nonVolatileFields(file.family()), false});
+        restoration.begin(m_servo.address(), {file, nonVolatileFields(file.family()), false, seen});
         while (!restoration.isEnded()) {
             while (m_line->deliver()) {
             }
@@ -197,10 +197,10 @@ private Q_SLOTS:
                 const Profile before = servo.parameters();
                 Line line(servo);
                 line.repliesLeft = replies;
-                isCut = !line.restore(file).isRestored();
+                isCut = !line.restore(file, before).isRestored();
                 for (const Pair &pair : compareAll(servo.parameters(), file).pairs)
                     QVERIFY(pair.isEqual() || (isCut && pair.servo == before.raw(*pair.field)));
-                QVERIFY(Line(servo).restore(file).isRestored());
+                QVERIFY(Line(servo).restore(file, before).isRestored());
                 QVERIFY(isAx12 || servo.valueOf(Limited) <= servo.valueOf(ItsLimit));
                 QCOMPARE(servo.parameters().bytes, file.bytes);
             }
@@ -214,6 +214,17 @@ private Q_SLOTS:
             QCOMPARE(servo.parameters().bytes, file.bytes);
             random.discard(50);
         }
+    }
+
+    void aServoThatWasNotSeenIsLeftAlone()
+    {
+        Bench saved(model::ZelvarV1Family);
+        saved.write(Block{{{&model::ZelvarV1Family[ItsLimit], 0, 5000}}});
+        Bench another(model::ZelvarV1Family);
+        another.write(Block{{{&model::ZelvarV1Family[ItsLimit], 0, 7000}}});
+        const RestoreReport report = Line(another).restore(saved.parameters(), factoryValues());
+        QVERIFY(report.obstacle == Obstacle::OtherValues && !report.hasWritten);
+        QCOMPARE(another.valueOf(ItsLimit), 7000);
     }
 
     void addressAndAnswersComeLast()

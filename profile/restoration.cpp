@@ -91,7 +91,7 @@ void Restoration::ask(const BusRequest &request, Step next)
             self->end(Obstacle::PortLost);
         else if (result.outcome == Outcome::Withdrawn)
             self->end(Obstacle::PortTaken);
-        else if (self->m_isStopped)
+        else if (self->m_isStopped && request.operation == Operation::Read)
             self->end(Obstacle::Stopped);
         else
             self->repeatOrGoOn(request, next, result);
@@ -212,6 +212,9 @@ void Restoration::onMotorRead(const BusResult &result)
 
 void Restoration::sendNext()
 {
+    // Only here, where it is known whether the write before has moved the servo.
+    if (m_isStopped)
+        return end(Obstacle::Stopped);
     if (m_next == m_plan.size())
         return readBack();
     const Block &block = m_plan[m_next];

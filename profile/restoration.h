@@ -104,7 +104,7 @@ public:
 
     /** Restores what @p wish says into the servo at @p address. The port may be open or not. */
     void begin(const model::ServoAddress &address, RestoreWish wish);
-    /** Ends it, as soon as what is under way is through. */
+    /** Ends it, as soon as what is under way is through. Where the servo is then is known, unless it is silent. */
     void stop() { m_isStopped = true; }
     bool isEnded() const { return m_isEnded; }
     /** Meaningless before the end. */

@@ -97,12 +97,14 @@ public:
     }
 
     int repliesLeft = 1000;             ///< before the line is dead
+    int requestsLeft = -1;              ///< before the user stops the restore, while the last one is answered
     QRandomGenerator *faults = nullptr; ///< spoils half of the exchanges
 
     RestoreReport restore(const Profile &file, const std::optional<Profile> &seen = std::nullopt)
     {
         const auto open = [this](int baudRate) { return m_bus.open("line", m_baudRate = baudRate); };
         Restoration restoration(m_bus, open, std::chrono::milliseconds(0), m_clock);
+        m_running = &restoration;
         restoration.begin(m_servo.address(), {file, nonVolatileFields(file.family()), false, seen});
         while (!restoration.isEnded()) {
             while (m_line->deliver()) {
@@ -120,6 +122,8 @@ private:
         const int fault = faults ? faults->bounded(8) : -1;
         if (fault == 0 || repliesLeft == 0)
             return {}; // it never came to the servo
+        if (--requestsLeft == 0)
+            m_running->stop();
         QByteArray answer = m_servo.answerTo(packet, m_baudRate);
         repliesLeft -= answer.isEmpty() ? 0 : 1;
         if (fault == 1)
@@ -134,6 +138,7 @@ private:
     FakeLine *m_line; ///< the bus's
     ServoBus m_bus;
     int m_baudRate = 0;
+    Restoration *m_running = nullptr; ///< meaningful during restore()
 };
 
 Comparison compareAll(const Profile &servo, const Profile &file)
@@ -213,6 +218,25 @@ private Q_SLOTS:
                 ++runs;
             QCOMPARE(servo.parameters().bytes, file.bytes);
             random.discard(50);
+        }
+    }
+
+    void whereverAStopComesTheServoIsFoundAgain()
+    {
+        Bench saved(model::ZelvarV1Family);
+        QRandomGenerator random(18);
+        saved.fill(random, 1);
+        const Profile file = saved.parameters();
+        QVERIFY(!(saved.address() == Bench(model::ZelvarV1Family).address()));
+        bool isStopped = true;
+        for (int requests = 1; isStopped; ++requests) {
+            Bench servo(model::ZelvarV1Family);
+            Line line(servo);
+            line.requestsLeft = requests;
+            const RestoreReport report = line.restore(file);
+            isStopped = report.obstacle == Obstacle::Stopped;
+            QVERIFY(report.address == servo.address());
+            QVERIFY(isStopped || report.isRestored());
         }
     }
 

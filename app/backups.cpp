@@ -80,7 +80,12 @@ Backups::Backups(QWidget &window, const QWidget &view, LinkLine &line, const Lin
     refresh();
 }
 
-Backups::~Backups() = default;
+/** The dialogs read and write, as when a name that is being typed loses the focus, what ends here. */
+Backups::~Backups()
+{
+    delete m_dialog;
+    delete m_historyDialog;
+}
 
 void Backups::makeActions()
 {

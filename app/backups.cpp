@@ -144,7 +144,7 @@ void Backups::tellGains(const model::RegisterImage &image)
     if (std::equal(unkept.begin(), unkept.end(), m_unkept.begin(), m_unkept.end(), isSame))
         return;
     m_unkept = unkept;
-    m_keepGains->setEnabled(!unkept.empty());
+    refresh();
     QStringList lines{tr("A restart gives the servo its stored gains and profiles again. To store those in use: menu "
                          "Servo, Keep the tuned gains.")};
     for (const profile::Pair &pair : unkept)

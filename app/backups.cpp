@@ -195,7 +195,8 @@ void Backups::askAndBackUp()
         askAndWrite(servo());
 }
 
-void Backups::askAndWrite(const Profile &profile)
+/** Has a profile of its own: what the history dialog shows may be loaded anew while the user chooses a name. */
+void Backups::askAndWrite(Profile profile)
 {
     QFileDialog dialog(&m_window, tr("Back up"), folder(), QStringLiteral("*.") + Suffix);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

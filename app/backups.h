@@ -93,7 +93,7 @@ private:
     void tellGains(const model::RegisterImage &image);
     void onDiffers(int count, const profile::Profile &before);
     void askAndBackUp();
-    void askAndWrite(const profile::Profile &profile);
+    void askAndWrite(profile::Profile profile);
     void write(const QString &path, const profile::Profile &profile);
     void askAndOpen(const QString &title, Purpose purpose);
     QString folder() const;

@@ -244,22 +244,23 @@ void Backups::open(const QString &path, Purpose purpose)
 void Backups::showHistory(HistoryDialog::Purpose purpose)
 {
     delete m_historyDialog;
-    m_isReplacing = purpose == HistoryDialog::Purpose::Replace;
+    const bool isReplacing = purpose == HistoryDialog::Purpose::Replace;
     m_historyDialog = new HistoryDialog(m_text, m_history, purpose, &m_window);
     m_historyDialog->setAttribute(Qt::WA_DeleteOnClose);
-    const auto shown = [this](Purpose wanted) {
-        return [this, wanted](const Profile &profile, const QString &title) {
-            show({profile, keptName(profile, title), tr("History"), {}}, wanted);
+    const Purpose writing = isReplacing ? Purpose::Replace : Purpose::Restore;
+    const auto shown = [this, writing](Purpose wanted) {
+        return [this, writing, wanted](const Profile &profile, const QString &title) {
+            show({profile, keptName(profile, title), tr("History"), {}, writing}, wanted);
         };
     };
     connect(m_historyDialog, &HistoryDialog::compareWanted, this, shown(Purpose::Compare));
-    connect(m_historyDialog, &HistoryDialog::restoreWanted, this, shown(Purpose::Restore));
+    connect(m_historyDialog, &HistoryDialog::restoreWanted, this, shown(writing));
     connect(m_historyDialog, &HistoryDialog::saveWanted, this, &Backups::askAndWrite);
     connect(m_historyDialog, &HistoryDialog::restoreFileWanted, this,
-            [this] { askAndOpen(tr("Restore"), Purpose::Restore); });
+            [this, writing] { askAndOpen(tr("Restore"), writing); });
     m_historyDialog->setConnected(m_isServoThere ? &m_link.image->family() : nullptr);
     if (m_isServoThere)
-        m_historyDialog->showServo(m_isReplacing ? missingServo() : servoKey());
+        m_historyDialog->showServo(isReplacing ? missingServo() : servoKey());
     m_historyDialog->show();
 }
 
@@ -340,12 +341,10 @@ void Backups::show(const Source &source, Purpose purpose)
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->setModal(true);
     m_dialog->setMotorOn(m_isMotorOn);
-    if (m_historyDialog && m_isReplacing)
-        m_dialog->chooseAddress();
     connect(m_dialog, &ComparisonDialog::restoreWanted, this, &Backups::restore);
     connect(m_dialog, &ComparisonDialog::stopWanted, this, [this] { m_restoration->stop(); });
     connect(
-        m_dialog, &ComparisonDialog::restoreOfferWanted, this, [this, source] { show(source, Purpose::Restore); },
+        m_dialog, &ComparisonDialog::restoreOfferWanted, this, [this, source] { show(source, source.next); },
         Qt::QueuedConnection);
     m_dialog->show();
 }

@@ -83,6 +83,7 @@ private:
         QString name;
         QString columnTitle;
         QStringList notes;
+        Purpose next = Purpose::Restore; ///< of what its comparison leads to
     };
 
     QAction *makeAction(const char *name, const QString &text, const std::function<void()> &act);
@@ -126,7 +127,6 @@ private:
     std::optional<profile::Profile> m_before; ///< what the servo's id had, when that is offered for comparison
     bool m_isMotorOn = false;
     QPointer<dialogs::HistoryDialog> m_historyDialog;
-    bool m_isReplacing = false; ///< what the history dialog is open for
     QPointer<dialogs::ComparisonDialog> m_dialog;
     std::unique_ptr<profile::Restoration> m_restoration; ///< the latest one
     int m_openBaudRate = 0;                              ///< of the port, during a restore

@@ -119,8 +119,8 @@ void HistoryDialog::layOut(Purpose purpose)
     } texts[] = {
         {tr("History"), {}},
         {tr("Restore"), tr("Choose what the connected servo is to get back: from what is kept of it, or a file.")},
-        {tr("Replace a servo"), tr("Choose the servo that is missing and what it had. The connected servo gets all of "
-                                   "it, id and baud rate last.")},
+        {tr("Replace a servo"), tr("Choose the servo that is missing and what it had. The connected servo gets it, id "
+                                   "and baud rate last.")},
     };
     setWindowTitle(texts[int(purpose)].title);
     auto *introduction = new QLabel(texts[int(purpose)].introduction, this);

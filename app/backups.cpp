@@ -235,10 +235,16 @@ void Backups::askAndOpen(const QString &title, Purpose purpose)
 void Backups::open(const QString &path, Purpose purpose)
 {
     const profile::Reading reading = profile::readFile(path);
-    if (reading.profile)
-        show({*reading.profile, QFileInfo(path).fileName(), tr("File"), reading.edits}, purpose);
-    else
+    if (!reading.profile) {
         tellError(tr("Not opened"), path, reading.error);
+        return;
+    }
+    QStringList notes = reading.edits;
+    const int has = int(reading.profile->values.size());
+    const int all = int(profile::nonVolatileFields(reading.profile->family()).size());
+    if (has < all)
+        notes.prepend(tr("The file has %1 of the %2 fields that a servo keeps.").arg(has).arg(all));
+    show({*reading.profile, QFileInfo(path).fileName(), tr("File"), notes}, purpose);
 }
 
 void Backups::showHistory(HistoryDialog::Purpose purpose)

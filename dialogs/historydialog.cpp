@@ -62,7 +62,10 @@ HistoryDialog::HistoryDialog(const FieldText &text, profile::History &history, P
     updateButtons();
 }
 
-HistoryDialog::~HistoryDialog() = default;
+HistoryDialog::~HistoryDialog()
+{
+    hide(); // while all of it is there: a name that is being typed is kept now
+}
 
 void HistoryDialog::makeTable()
 {

@@ -96,7 +96,7 @@ void Backups::makeActions()
         makeAction("actionReplace", tr("Re&place a servo…"), [this] { showHistory(HistoryDialog::Purpose::Replace); }),
     };
     m_keepGains = makeAction("actionKeepGains", tr("&Keep the tuned gains…"), [this] { showTunedGains(); });
-    m_showHistory = makeAction("actionHistory", tr("&History…"), [this] { showHistory(HistoryDialog::Purpose::Look); });
+    m_showHistory = makeAction("actionHistory", tr("Histor&y…"), [this] { showHistory(HistoryDialog::Purpose::Look); });
 }
 
 QAction *Backups::makeAction(const char *name, const QString &text, const std::function<void()> &act)

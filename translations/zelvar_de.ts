@@ -232,10 +232,10 @@
     </message>
     <message>
         <source>&amp;Keep the tuned gains…</source>
-        <translation>Erprobte Ve&amp;rstärkungen behalten…</translation>
+        <translation>Erprobte Verstärkungen &amp;behalten…</translation>
     </message>
     <message>
-        <source>&amp;History…</source>
+        <source>Histor&amp;y…</source>
         <translation>Ver&amp;lauf…</translation>
     </message>
     <message>

@@ -235,7 +235,7 @@
         <translation>Con&amp;servar las ganancias ajustadas…</translation>
     </message>
     <message>
-        <source>&amp;History…</source>
+        <source>Histor&amp;y…</source>
         <translation>&amp;Historial…</translation>
     </message>
     <message>
@@ -1050,7 +1050,7 @@
     </message>
     <message>
         <source>&amp;Hold here</source>
-        <translation>&amp;Mantener aquí</translation>
+        <translation>Ma&amp;ntener aquí</translation>
     </message>
     <message>
         <source>Stop &amp;all on this bus</source>

@@ -242,8 +242,7 @@ QString ComparisonDialog::countText() const
 {
     const int all = m_model->rowCount();
     const int different = m_model->differenceCount();
-    const QString counts =
-        tr("%1 fields compared, %2 equal, %3 different").arg(all).arg(all - different).arg(different);
+    QString counts = tr("%1 fields compared, %2 equal, %3 different").arg(all).arg(all - different).arg(different);
     if (!m_isWriting || different == 0)
         return counts;
     return tr("%1; %2 ticked").arg(counts).arg(m_model->chosenFields().size());

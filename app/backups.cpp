@@ -48,6 +48,7 @@ struct ObstacleRow
 const ObstacleRow Obstacles[] = {
     {Obstacle::Refused,      QT_TRANSLATE_NOOP("Backups", "Nothing was written: the servo refuses to be read.")},
     {Obstacle::OtherModel,   QT_TRANSLATE_NOOP("Backups", "Nothing was written: by now another servo answers, of another model.")},
+    {Obstacle::OtherValues,  QT_TRANSLATE_NOOP("Backups", "Nothing was written: by now the servo has other values than those shown here. Close this and compare again.")},
     {Obstacle::MotorOn,      QT_TRANSLATE_NOOP("Backups", "Nothing was written: the motor is on.")},
     {Obstacle::MotorStaysOn, QT_TRANSLATE_NOOP("Backups", "Nothing was restored: the motor could not be switched off.")},
     {Obstacle::Locked,       QT_TRANSLATE_NOOP("Backups", "Nothing was written: the servo's lock is on, so that it keeps its parameters. Switch its supply off and on.")},
@@ -79,7 +80,12 @@ Backups::Backups(QWidget &window, const QWidget &view, LinkLine &line, const Lin
     refresh();
 }
 
-Backups::~Backups() = default;
+/** The dialogs read and write, as when a name that is being typed loses the focus, what ends here. */
+Backups::~Backups()
+{
+    delete m_dialog;
+    delete m_historyDialog;
+}
 
 void Backups::makeActions()
 {
@@ -90,7 +96,7 @@ void Backups::makeActions()
         makeAction("actionReplace", tr("Re&place a servo…"), [this] { showHistory(HistoryDialog::Purpose::Replace); }),
     };
     m_keepGains = makeAction("actionKeepGains", tr("&Keep the tuned gains…"), [this] { showTunedGains(); });
-    m_showHistory = makeAction("actionHistory", tr("&History…"), [this] { showHistory(HistoryDialog::Purpose::Look); });
+    m_showHistory = makeAction("actionHistory", tr("Histor&y…"), [this] { showHistory(HistoryDialog::Purpose::Look); });
 }
 
 QAction *Backups::makeAction(const char *name, const QString &text, const std::function<void()> &act)
@@ -138,7 +144,7 @@ void Backups::tellGains(const model::RegisterImage &image)
     if (std::equal(unkept.begin(), unkept.end(), m_unkept.begin(), m_unkept.end(), isSame))
         return;
     m_unkept = unkept;
-    m_keepGains->setEnabled(!unkept.empty());
+    refresh();
     QStringList lines{tr("A restart gives the servo its stored gains and profiles again. To store those in use: menu "
                          "Servo, Keep the tuned gains.")};
     for (const profile::Pair &pair : unkept)
@@ -189,7 +195,8 @@ void Backups::askAndBackUp()
         askAndWrite(servo());
 }
 
-void Backups::askAndWrite(const Profile &profile)
+/** Has a profile of its own: what the history dialog shows may be loaded anew while the user chooses a name. */
+void Backups::askAndWrite(Profile profile)
 {
     QFileDialog dialog(&m_window, tr("Back up"), folder(), QStringLiteral("*.") + Suffix);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -228,31 +235,38 @@ void Backups::askAndOpen(const QString &title, Purpose purpose)
 void Backups::open(const QString &path, Purpose purpose)
 {
     const profile::Reading reading = profile::readFile(path);
-    if (reading.profile)
-        show({*reading.profile, QFileInfo(path).fileName(), tr("File"), reading.edits}, purpose);
-    else
+    if (!reading.profile) {
         tellError(tr("Not opened"), path, reading.error);
+        return;
+    }
+    QStringList notes = reading.edits;
+    const int has = int(reading.profile->values.size());
+    const int all = int(profile::nonVolatileFields(reading.profile->family()).size());
+    if (has < all)
+        notes.prepend(tr("The file has %1 of the %2 fields that a servo keeps.").arg(has).arg(all));
+    show({*reading.profile, QFileInfo(path).fileName(), tr("File"), notes}, purpose);
 }
 
 void Backups::showHistory(HistoryDialog::Purpose purpose)
 {
     delete m_historyDialog;
-    m_isReplacing = purpose == HistoryDialog::Purpose::Replace;
+    const bool isReplacing = purpose == HistoryDialog::Purpose::Replace;
     m_historyDialog = new HistoryDialog(m_text, m_history, purpose, &m_window);
     m_historyDialog->setAttribute(Qt::WA_DeleteOnClose);
-    const auto shown = [this](Purpose wanted) {
-        return [this, wanted](const Profile &profile, const QString &title) {
-            show({profile, keptName(profile, title), tr("History"), {}}, wanted);
+    const Purpose writing = isReplacing ? Purpose::Replace : Purpose::Restore;
+    const auto shown = [this, writing](Purpose wanted) {
+        return [this, writing, wanted](const Profile &profile, const QString &title) {
+            show({profile, keptName(profile, title), tr("History"), {}, writing}, wanted);
         };
     };
     connect(m_historyDialog, &HistoryDialog::compareWanted, this, shown(Purpose::Compare));
-    connect(m_historyDialog, &HistoryDialog::restoreWanted, this, shown(Purpose::Restore));
+    connect(m_historyDialog, &HistoryDialog::restoreWanted, this, shown(writing));
     connect(m_historyDialog, &HistoryDialog::saveWanted, this, &Backups::askAndWrite);
     connect(m_historyDialog, &HistoryDialog::restoreFileWanted, this,
-            [this] { askAndOpen(tr("Restore"), Purpose::Restore); });
+            [this, writing] { askAndOpen(tr("Restore"), writing); });
     m_historyDialog->setConnected(m_isServoThere ? &m_link.image->family() : nullptr);
     if (m_isServoThere)
-        m_historyDialog->showServo(m_isReplacing ? missingServo() : servoKey());
+        m_historyDialog->showServo(isReplacing ? missingServo() : servoKey());
     m_historyDialog->show();
 }
 
@@ -333,12 +347,10 @@ void Backups::show(const Source &source, Purpose purpose)
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->setModal(true);
     m_dialog->setMotorOn(m_isMotorOn);
-    if (m_historyDialog && m_isReplacing)
-        m_dialog->chooseAddress();
     connect(m_dialog, &ComparisonDialog::restoreWanted, this, &Backups::restore);
     connect(m_dialog, &ComparisonDialog::stopWanted, this, [this] { m_restoration->stop(); });
     connect(
-        m_dialog, &ComparisonDialog::restoreOfferWanted, this, [this, source] { show(source, Purpose::Restore); },
+        m_dialog, &ComparisonDialog::restoreOfferWanted, this, [this, source] { show(source, source.next); },
         Qt::QueuedConnection);
     m_dialog->show();
 }

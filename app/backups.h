@@ -83,6 +83,7 @@ private:
         QString name;
         QString columnTitle;
         QStringList notes;
+        Purpose next = Purpose::Restore; ///< of what its comparison leads to
     };
 
     QAction *makeAction(const char *name, const QString &text, const std::function<void()> &act);
@@ -93,7 +94,7 @@ private:
     void tellGains(const model::RegisterImage &image);
     void onDiffers(int count, const profile::Profile &before);
     void askAndBackUp();
-    void askAndWrite(const profile::Profile &profile);
+    void askAndWrite(profile::Profile profile);
     void write(const QString &path, const profile::Profile &profile);
     void askAndOpen(const QString &title, Purpose purpose);
     QString folder() const;
@@ -126,7 +127,6 @@ private:
     std::optional<profile::Profile> m_before; ///< what the servo's id had, when that is offered for comparison
     bool m_isMotorOn = false;
     QPointer<dialogs::HistoryDialog> m_historyDialog;
-    bool m_isReplacing = false; ///< what the history dialog is open for
     QPointer<dialogs::ComparisonDialog> m_dialog;
     std::unique_ptr<profile::Restoration> m_restoration; ///< the latest one
     int m_openBaudRate = 0;                              ///< of the port, during a restore

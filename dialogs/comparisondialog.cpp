@@ -77,6 +77,7 @@ ComparisonDialog::ComparisonDialog(const FieldText &text, Subject subject, Purpo
     m_stopMotor->hide();
     layOut();
     m_model->compare(m_subject.servo, m_subject.file);
+    m_model->setAddressChosen(purpose == Purpose::Replace);
     connect(m_model, &ComparisonModel::chosenChanged, this, &ComparisonDialog::onChosen);
     connect(m_stopMotor, &QCheckBox::toggled, this, &ComparisonDialog::onChosen);
     refresh();
@@ -93,10 +94,14 @@ void ComparisonDialog::layOut()
     addNotes(*layout);
     const auto &values = m_subject.file.values;
     const auto isOwn = [](const profile::Value &value) { return profile::belongsToOneServo(*value.field); };
+    const QString leftOut =
+        m_purpose == Purpose::Replace
+            ? tr("What is ticked is written, id and baud rate last. The home position offset belongs to one servo: it "
+                 "is left out unless you tick it.")
+            : tr("What is ticked is written. Id, baud rate and home position offset belong to one servo: they are left "
+                 "out unless you tick them.");
     if (m_isWriting && std::any_of(values.begin(), values.end(), isOwn))
-        layout->addWidget(makeLabel(tr("What is ticked is written. Id, baud rate and home position offset belong to "
-                                       "one servo: they are left out unless you tick them."),
-                                    this));
+        layout->addWidget(makeLabel(leftOut, this));
     layout->addWidget(m_onlyDifferences);
     makeTable();
     layout->addWidget(m_table, 1);
@@ -162,6 +167,7 @@ void ComparisonDialog::makeButtons()
         {tr("Compare"), tr("&Restore…")},
         {tr("Restore"), tr("&Restore")},
         {tr("Keep the tuned gains"), tr("&Keep")},
+        {tr("Replace a servo"), tr("&Restore")},
     };
     setWindowTitle(texts[int(m_purpose)].title);
     m_restore = buttons->addButton(texts[int(m_purpose)].button, QDialogButtonBox::ActionRole);
@@ -194,11 +200,6 @@ void ComparisonDialog::fit()
     const int height = heightWith(qBound(UsualRows, m_filter->rowCount(), MostRows), width);
     setMinimumSize(QSize(leastWidth, heightWith(LeastRows, leastWidth)).boundedTo(screenSize));
     resize(QSize(width, height).boundedTo(screenSize).expandedTo(size()));
-}
-
-void ComparisonDialog::chooseAddress()
-{
-    m_model->setAddressChosen(true);
 }
 
 void ComparisonDialog::setMotorOn(bool isOn)
@@ -250,7 +251,7 @@ QString ComparisonDialog::countText() const
 void ComparisonDialog::onRestore()
 {
     if (m_isWriting)
-        Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked()});
+        Q_EMIT restoreWanted({m_subject.file, m_model->chosenFields(), m_stopMotor->isChecked(), m_subject.servo});
     else
         Q_EMIT restoreOfferWanted();
 }

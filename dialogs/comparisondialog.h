@@ -40,7 +40,8 @@ public:
     enum class Purpose {
         Compare,
         Restore,
-        Keep, ///< of what is in use, in place of what is stored
+        Keep,    ///< of what is in use, in place of what is stored
+        Replace, ///< of a servo that is missing: id and baud rate, which a restore leaves out at first, are ticked
     };
 
     /** @param text must outlive the dialog. */
@@ -48,8 +49,6 @@ public:
     ~ComparisonDialog() override;
 
     const Subject &subject() const { return m_subject; }
-    /** Chooses id and baud rate, which are left out at first, as to replace a servo. */
-    void chooseAddress();
     /** Without the user's consent nothing is written while the motor is on. */
     void setMotorOn(bool isOn);
     /** Why nothing can be restored now; empty when it can. */

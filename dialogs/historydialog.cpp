@@ -62,7 +62,10 @@ HistoryDialog::HistoryDialog(const FieldText &text, profile::History &history, P
     updateButtons();
 }
 
-HistoryDialog::~HistoryDialog() = default;
+HistoryDialog::~HistoryDialog()
+{
+    hide(); // while all of it is there: a name that is being typed is kept now
+}
 
 void HistoryDialog::makeTable()
 {
@@ -119,8 +122,8 @@ void HistoryDialog::layOut(Purpose purpose)
     } texts[] = {
         {tr("History"), {}},
         {tr("Restore"), tr("Choose what the connected servo is to get back: from what is kept of it, or a file.")},
-        {tr("Replace a servo"), tr("Choose the servo that is missing and what it had. The connected servo gets all of "
-                                   "it, id and baud rate last.")},
+        {tr("Replace a servo"), tr("Choose the servo that is missing and what it had. The connected servo gets it, id "
+                                   "and baud rate last.")},
     };
     setWindowTitle(texts[int(purpose)].title);
     auto *introduction = new QLabel(texts[int(purpose)].introduction, this);

@@ -36,6 +36,7 @@ constexpr ChapterRow Chapters[] = {
     {"editView",                     "unit-fields"},
     {"registerView",                 "register-fields"},
     {"plotDock",                     "the-plot"},
+    {"comparisonDialog",             "keeping-and-restoring-parameters"},
     {"historyDialog",                "the-history"},
 };
 // clang-format on

@@ -91,7 +91,7 @@ void Restoration::ask(const BusRequest &request, Step next)
             self->end(Obstacle::PortLost);
         else if (result.outcome == Outcome::Withdrawn)
             self->end(Obstacle::PortTaken);
-        else if (self->m_isStopped)
+        else if (self->m_isStopped && request.operation == Operation::Read)
             self->end(Obstacle::Stopped);
         else
             self->repeatOrGoOn(request, next, result);
@@ -153,6 +153,8 @@ Obstacle Restoration::obstacle() const
         return Obstacle::OtherModel;
     if (m_plan.empty())
         return Obstacle::None;
+    if (!isAsSeen())
+        return Obstacle::OtherValues;
     if (isMotorOn() && !m_wish.mayStopMotor)
         return Obstacle::MotorOn;
     if (m_image.raw(QLatin1String("lock")).value_or(0) != 0)
@@ -162,6 +164,14 @@ Obstacle Restoration::obstacle() const
             return Obstacle::Unreadable;
     }
     return Obstacle::None;
+}
+
+bool Restoration::isAsSeen() const
+{
+    const std::vector<Pair> differences = m_before.differences();
+    return !m_wish.seen || std::all_of(differences.begin(), differences.end(), [this](const Pair &pair) {
+        return m_wish.seen->raw(*pair.field) == pair.servo;
+    });
 }
 
 void Restoration::onNewAddressAsked(const BusResult &result)
@@ -202,6 +212,9 @@ void Restoration::onMotorRead(const BusResult &result)
 
 void Restoration::sendNext()
 {
+    // Only here, where it is known whether the write before has moved the servo.
+    if (m_isStopped)
+        return end(Obstacle::Stopped);
     if (m_next == m_plan.size())
         return readBack();
     const Block &block = m_plan[m_next];

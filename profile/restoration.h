@@ -18,6 +18,7 @@ enum class Obstacle {
     NoAnswer,     ///< the servo does not answer, or not any more
     Refused,      ///< the servo refuses to be read
     OtherModel,   ///< the servo is of another model than the parameters
+    OtherValues,  ///< the servo has other values than those that the user has seen
     MotorOn,      ///< and nobody has agreed to switching it off
     MotorStaysOn, ///< although it was told to switch it off
     Locked,       ///< an AX-12 keeps its parameters until its supply is switched off and on
@@ -71,6 +72,11 @@ struct RestoreWish
     Profile file;
     std::vector<const model::Field *> fields; ///< by ascending address
     bool mayStopMotor = false;                ///< which frees the shaft
+    /**
+     * What the user was shown of the servo. Nothing is written when a field has by now neither that value nor the one
+     * that it is to get: another servo may have come to the id. Without it the user is taken to have seen nothing.
+     */
+    std::optional<Profile> seen = std::nullopt;
 };
 
 /**
@@ -98,7 +104,7 @@ public:
 
     /** Restores what @p wish says into the servo at @p address. The port may be open or not. */
     void begin(const model::ServoAddress &address, RestoreWish wish);
-    /** Ends it, as soon as what is under way is through. */
+    /** Ends it, as soon as what is under way is through. Where the servo is then is known, unless it is silent. */
     void stop() { m_isStopped = true; }
     bool isEnded() const { return m_isEnded; }
     /** Meaningless before the end. */
@@ -122,6 +128,7 @@ private:
 
     void onServoRead(const BusResult &result);
     Obstacle obstacle() const;
+    bool isAsSeen() const;
     void onNewAddressAsked(const BusResult &result);
     void stopMotor();
     void onMotorTold(const BusResult &result);

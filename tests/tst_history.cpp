@@ -331,21 +331,22 @@ private Q_SLOTS:
         fixture.fill(1, 3);
         Fixture::write(fixture.path(fixture.entryOf(1).file), "{");
         const PlainText text;
-        dialogs::HistoryDialog dialog(text, fixture.history, dialogs::HistoryDialog::Purpose::Look, nullptr);
+        auto dialog = std::make_unique<dialogs::HistoryDialog>(text, fixture.history,
+                                                               dialogs::HistoryDialog::Purpose::Look, nullptr);
         QString wanted;
-        connect(&dialog, &dialogs::HistoryDialog::restoreWanted, this,
+        connect(dialog.get(), &dialogs::HistoryDialog::restoreWanted, this,
                 [&wanted](const Profile &profile, const QString &title) {
                     wanted = title + QString::number(torqueOf(profile));
                 });
-        dialog.showServo(Servo);
-        dialog.show();
-        auto *table = dialog.findChild<QTableView *>("historyTable");
+        dialog->showServo(Servo);
+        dialog->show();
+        auto *table = dialog->findChild<QTableView *>("historyTable");
         const QAbstractItemModel &model = *table->model();
         const auto shown = [&](int row, int column) { return model.index(row, column).data().toString(); };
         QCOMPARE(shown(0, dialogs::HistoryModel::ChangeColumn), QString("Torque limit 2 \u2192 3 Nm"));
         QVERIFY(shown(2, dialogs::HistoryModel::ChangeColumn).startsWith("cannot be read: line 1"));
 
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
         QTest::keyClick(table, Qt::Key_Down);
         QTest::keyClick(table, Qt::Key_Space);
         QTest::keyClick(table, Qt::Key_F2);
@@ -354,9 +355,9 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.entryOf(2).name, QString("two"));
         QVERIFY(fixture.entryOf(2).isPinned);
 
-        auto *restore = dialog.findChild<QPushButton *>("historyRestoreButton");
+        auto *restore = dialog->findChild<QPushButton *>("historyRestoreButton");
         const auto isOffered = [&](const model::Family *connected, int row) {
-            dialog.setConnected(connected);
+            dialog->setConnected(connected);
             table->selectRow(row);
             return restore->isEnabled() && restore->toolTip().isEmpty();
         };
@@ -366,6 +367,11 @@ private Q_SLOTS:
         QVERIFY(isOffered(&model::ZelvarV1Family, 1));
         restore->click();
         QCOMPARE(wanted, QString("two2"));
+
+        QTest::keyClick(table, Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "second");
+        dialog.reset(); // in the middle of it
+        QCOMPARE(fixture.entryOf(2).name, QString("second"));
     }
 };
 

@@ -97,13 +97,15 @@ public:
     }
 
     int repliesLeft = 1000;             ///< before the line is dead
+    int requestsLeft = -1;              ///< before the user stops the restore, while the last one is answered
     QRandomGenerator *faults = nullptr; ///< spoils half of the exchanges
 
-    RestoreReport restore(const Profile &file)
+    RestoreReport restore(const Profile &file, const std::optional<Profile> &seen = std::nullopt)
     {
         const auto open = [this](int baudRate) { return m_bus.open("line", m_baudRate = baudRate); };
         Restoration restoration(m_bus, open, std::chrono::milliseconds(0), m_clock);
-        restoration.begin(m_servo.address(), {file, nonVolatileFields(file.family()), false});
+        m_running = &restoration;
+        restoration.begin(m_servo.address(), {file, nonVolatileFields(file.family()), false, seen});
         while (!restoration.isEnded()) {
             while (m_line->deliver()) {
             }
@@ -120,6 +122,8 @@ private:
         const int fault = faults ? faults->bounded(8) : -1;
         if (fault == 0 || repliesLeft == 0)
             return {}; // it never came to the servo
+        if (--requestsLeft == 0)
+            m_running->stop();
         QByteArray answer = m_servo.answerTo(packet, m_baudRate);
         repliesLeft -= answer.isEmpty() ? 0 : 1;
         if (fault == 1)
@@ -134,6 +138,7 @@ private:
     FakeLine *m_line; ///< the bus's
     ServoBus m_bus;
     int m_baudRate = 0;
+    Restoration *m_running = nullptr; ///< meaningful during restore()
 };
 
 Comparison compareAll(const Profile &servo, const Profile &file)
@@ -197,10 +202,10 @@ private Q_SLOTS:
                 const Profile before = servo.parameters();
                 Line line(servo);
                 line.repliesLeft = replies;
-                isCut = !line.restore(file).isRestored();
+                isCut = !line.restore(file, before).isRestored();
                 for (const Pair &pair : compareAll(servo.parameters(), file).pairs)
                     QVERIFY(pair.isEqual() || (isCut && pair.servo == before.raw(*pair.field)));
-                QVERIFY(Line(servo).restore(file).isRestored());
+                QVERIFY(Line(servo).restore(file, before).isRestored());
                 QVERIFY(isAx12 || servo.valueOf(Limited) <= servo.valueOf(ItsLimit));
                 QCOMPARE(servo.parameters().bytes, file.bytes);
             }
@@ -214,6 +219,36 @@ private Q_SLOTS:
             QCOMPARE(servo.parameters().bytes, file.bytes);
             random.discard(50);
         }
+    }
+
+    void whereverAStopComesTheServoIsFoundAgain()
+    {
+        Bench saved(model::ZelvarV1Family);
+        QRandomGenerator random(18);
+        saved.fill(random, 1);
+        const Profile file = saved.parameters();
+        QVERIFY(!(saved.address() == Bench(model::ZelvarV1Family).address()));
+        bool isStopped = true;
+        for (int requests = 1; isStopped; ++requests) {
+            Bench servo(model::ZelvarV1Family);
+            Line line(servo);
+            line.requestsLeft = requests;
+            const RestoreReport report = line.restore(file);
+            isStopped = report.obstacle == Obstacle::Stopped;
+            QVERIFY(report.address == servo.address());
+            QVERIFY(isStopped || report.isRestored());
+        }
+    }
+
+    void aServoThatWasNotSeenIsLeftAlone()
+    {
+        Bench saved(model::ZelvarV1Family);
+        saved.write(Block{{{&model::ZelvarV1Family[ItsLimit], 0, 5000}}});
+        Bench another(model::ZelvarV1Family);
+        another.write(Block{{{&model::ZelvarV1Family[ItsLimit], 0, 7000}}});
+        const RestoreReport report = Line(another).restore(saved.parameters(), factoryValues());
+        QVERIFY(report.obstacle == Obstacle::OtherValues && !report.hasWritten);
+        QCOMPARE(another.valueOf(ItsLimit), 7000);
     }
 
     void addressAndAnswersComeLast()

@@ -232,10 +232,10 @@
     </message>
     <message>
         <source>&amp;Keep the tuned gains…</source>
-        <translation>Erprobte Ve&amp;rstärkungen behalten…</translation>
+        <translation>Erprobte Verstärkungen &amp;behalten…</translation>
     </message>
     <message>
-        <source>&amp;History…</source>
+        <source>Histor&amp;y…</source>
         <translation>Ver&amp;lauf…</translation>
     </message>
     <message>
@@ -285,6 +285,14 @@
     <message>
         <source>what servo %1 had: %2</source>
         <translation>dem, was Servo %1 hatte: %2</translation>
+    </message>
+    <message>
+        <source>Nothing was written: by now the servo has other values than those shown here. Close this and compare again.</source>
+        <translation>Nichts wurde geschrieben: Inzwischen hat der Servo andere Werte als die hier gezeigten. Schließen Sie dies und vergleichen Sie erneut.</translation>
+    </message>
+    <message>
+        <source>The file has %1 of the %2 fields that a servo keeps.</source>
+        <translation>Die Datei hat %1 der %2 Felder, die ein Servo behält.</translation>
     </message>
 </context>
 <context>
@@ -1993,6 +2001,14 @@
         <source>Kept and read back: %1.</source>
         <translation>Behalten und zurückgelesen: %1.</translation>
     </message>
+    <message>
+        <source>What is ticked is written, id and baud rate last. The home position offset belongs to one servo: it is left out unless you tick it.</source>
+        <translation>Was angekreuzt ist, wird geschrieben, Id und Baudrate zuletzt. Der Nullpunktversatz gehört zu einem einzelnen Servo: Er wird ausgelassen, wenn Sie ihn nicht ankreuzen.</translation>
+    </message>
+    <message>
+        <source>Replace a servo</source>
+        <translation>Servo ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -2116,8 +2132,8 @@
         <translation>Servo ersetzen</translation>
     </message>
     <message>
-        <source>Choose the servo that is missing and what it had. The connected servo gets all of it, id and baud rate last.</source>
-        <translation>Wählen Sie den Servo, der fehlt, und was er hatte. Der verbundene Servo bekommt alles davon, Id und Baudrate zuletzt.</translation>
+        <source>Choose the servo that is missing and what it had. The connected servo gets it, id and baud rate last.</source>
+        <translation>Wählen Sie den Servo, der fehlt, und was er hatte. Der verbundene Servo bekommt es, Id und Baudrate zuletzt.</translation>
     </message>
 </context>
 <context>

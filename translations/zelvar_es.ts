@@ -235,7 +235,7 @@
         <translation>Con&amp;servar las ganancias ajustadas…</translation>
     </message>
     <message>
-        <source>&amp;History…</source>
+        <source>Histor&amp;y…</source>
         <translation>&amp;Historial…</translation>
     </message>
     <message>
@@ -285,6 +285,14 @@
     <message>
         <source>what servo %1 had: %2</source>
         <translation>lo que tenía el servo %1: %2</translation>
+    </message>
+    <message>
+        <source>Nothing was written: by now the servo has other values than those shown here. Close this and compare again.</source>
+        <translation>No se ha escrito nada: el servo tiene ahora otros valores que los que se muestran aquí. Cierre esto y compare de nuevo.</translation>
+    </message>
+    <message>
+        <source>The file has %1 of the %2 fields that a servo keeps.</source>
+        <translation>El archivo tiene %1 de los %2 campos que conserva un servo.</translation>
     </message>
 </context>
 <context>
@@ -1042,7 +1050,7 @@
     </message>
     <message>
         <source>&amp;Hold here</source>
-        <translation>&amp;Mantener aquí</translation>
+        <translation>Ma&amp;ntener aquí</translation>
     </message>
     <message>
         <source>Stop &amp;all on this bus</source>
@@ -1993,6 +2001,14 @@
         <source>Kept and read back: %1.</source>
         <translation>Conservado y releído: %1.</translation>
     </message>
+    <message>
+        <source>What is ticked is written, id and baud rate last. The home position offset belongs to one servo: it is left out unless you tick it.</source>
+        <translation>Lo marcado se escribe, id y velocidad en baudios al final. El desfase del origen es de un solo servo: se omite si no lo marca.</translation>
+    </message>
+    <message>
+        <source>Replace a servo</source>
+        <translation>Reemplazar un servo</translation>
+    </message>
 </context>
 <context>
     <name>dialogs::ComparisonModel</name>
@@ -2116,8 +2132,8 @@
         <translation>Reemplazar un servo</translation>
     </message>
     <message>
-        <source>Choose the servo that is missing and what it had. The connected servo gets all of it, id and baud rate last.</source>
-        <translation>Elija el servo que falta y lo que tenía. El servo conectado lo recibe todo, id y velocidad en baudios al final.</translation>
+        <source>Choose the servo that is missing and what it had. The connected servo gets it, id and baud rate last.</source>
+        <translation>Elija el servo que falta y lo que tenía. El servo conectado lo recibe, id y velocidad en baudios al final.</translation>
     </message>
 </context>
 <context>

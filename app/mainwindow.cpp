@@ -377,7 +377,8 @@ void MainWindow::addBackups()
         },
         [this](const model::ServoAddress &address) {
             takeOverAddress(address);
-            on_actionConnect_triggered();
+            if (!m_motor->isUsingPort())
+                on_actionConnect_triggered();
         },
     };
     const Backups::Link link{*m_connection, *m_proof, *m_serialHelper->bus(), m_registerHelper->image()};

@@ -57,6 +57,8 @@ public:
 
     /** The writes of the connections that follow wait in @p scheduler. */
     void setScheduler(const std::shared_ptr<UiScheduler> &scheduler) { m_scheduler = scheduler; }
+    /** Whether a stop without a connection is using the port, which nobody may open anew then. */
+    bool isUsingPort() const { return m_isWaiting; }
     /** Puts the actions into @p menu. */
     void addTo(QMenu &menu);
 

@@ -7,7 +7,7 @@
 namespace {
 
 /** Characters of average width that one is as wide as at most, so that a long text leaves place for its neighbours. */
-constexpr int MostCharacters = 60;
+constexpr int MostCharacters = 80;
 
 } // namespace
 

@@ -390,8 +390,13 @@ QString Backups::obstacleText(const profile::RestoreReport &report) const
         if (row.obstacle == report.obstacle)
             return tr(row.text);
     }
-    const QString rest = report.hasWritten ? tr("What was written is not proved; the same restore again does the rest.")
-                                           : tr("Nothing was written.");
+    QString rest = report.hasWritten ? tr("What was written is not proved; the same restore again does the rest.")
+                                     : tr("Nothing was written.");
+    const bool mayHaveMoved = report.hasWritten && report.wantedAddress != m_link.connection.address();
+    if (mayHaveMoved && report.obstacle != Obstacle::Stopped)
+        rest += QLatin1Char(' ') + tr("By now the servo may have the id %1 at %2 baud.")
+                                       .arg(report.wantedAddress.id)
+                                       .arg(report.wantedAddress.baudRate);
     switch (report.obstacle) {
     case Obstacle::AddressTaken:
         return tr("Nothing was written: another servo has the id %1 at %2 baud. Give that one another id first.")

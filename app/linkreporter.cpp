@@ -43,8 +43,11 @@ void LinkReporter::onStateChanged(State state, State before)
     const model::ServoAddress &address = m_connection.address();
     switch (state) {
     case State::Identifying:
-        m_line.tell({});
-        m_lost.clear();
+        if (!m_isGoingOn) {
+            m_lastLoss.clear();
+            m_lost.clear();
+        }
+        m_line.tell(m_lastLoss, m_lost);
         m_line.showServo(tr("servo %1 · %2 baud · %3").arg(address.id).arg(address.baudRate).arg(m_portName));
         return;
     case State::Unanswered:
@@ -143,7 +146,8 @@ void LinkReporter::tellDropped(const QStringList &controls)
 void LinkReporter::tellLost(const QString &text, const QString &tip)
 {
     m_lost += (m_lost.isEmpty() ? QString() : QStringLiteral("\n\n")) + text + QLatin1Char('\n') + tip;
-    m_line.tell(text, m_lost);
+    m_lastLoss = text;
+    m_line.tell(m_lastLoss, m_lost);
 }
 
 void LinkReporter::tellNotApplied(const session::ApplyReport &report)

@@ -32,6 +32,8 @@ public:
     void setPortName(const QString &portName) { m_portName = portName; }
     /** The connection has ended while @p controls, by their object names, were changed and not applied. */
     void tellDropped(const QStringList &controls);
+    /** While set, a connection that begins goes on with the one before: what that one lost stays told. */
+    void setGoingOn(bool isGoingOn) { m_isGoingOn = isGoingOn; }
 
 private:
     void onStateChanged(session::State state, session::State before);
@@ -47,6 +49,8 @@ private:
     LinkLine &m_line;
     ApplyText m_text;
     QString m_portName;
-    QString m_lost; ///< what the end of the connection was told to have cost, with all fields
+    QString m_lastLoss; ///< what the end of the connection was told to have cost
+    QString m_lost;     ///< all of that, with all fields
+    bool m_isGoingOn = false;
     QPointer<QMessageBox> m_notApplied;
 };

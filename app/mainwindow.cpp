@@ -377,8 +377,11 @@ void MainWindow::addBackups()
         },
         [this](const model::ServoAddress &address) {
             takeOverAddress(address);
-            if (!m_motor->isUsingPort())
-                on_actionConnect_triggered();
+            if (m_motor->isUsingPort())
+                return;
+            m_reporter->setGoingOn(true);
+            on_actionConnect_triggered();
+            m_reporter->setGoingOn(false);
         },
     };
     const Backups::Link link{*m_connection, *m_proof, *m_serialHelper->bus(), m_registerHelper->image()};

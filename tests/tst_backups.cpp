@@ -131,12 +131,16 @@ private Q_SLOTS:
     {
         BackupDesk desk(3, TwoServos);
         QVERIFY(desk.isReady());
+        desk.click("vParamsEditSaveToolButton");
+        desk.find<QDoubleSpinBox>("targetPositionDoubleSpinBox")->setValue(0.5);
         desk.restore(R"("id": {"value": 42}, "baud_rate": {"value": 57600}, "acceleration_limit": {"value": 5})");
         desk.tickAll();
         desk.button()->click();
         QTRY_VERIFY2(desk.statement().startsWith("Restored"), qPrintable(desk.statement()));
         QTRY_COMPARE(desk.status(), QString("Connected"));
         QVERIFY((desk.window->connection().address() == model::ServoAddress{42, 57600}));
+        // The connections ended and began by themselves: what that has cost is still there to be read.
+        QVERIFY(desk.find<QLabel>("linkEventLabel")->text().startsWith("changed and not applied"));
     }
 
     void whatIsInTheWayIsTold()

@@ -294,6 +294,10 @@
         <source>The file has %1 of the %2 fields that a servo keeps.</source>
         <translation>Die Datei hat %1 der %2 Felder, die ein Servo behält.</translation>
     </message>
+    <message>
+        <source>By now the servo may have the id %1 at %2 baud.</source>
+        <translation>Vielleicht hat der Servo inzwischen die Id %1 bei %2 Baud.</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>

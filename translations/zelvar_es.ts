@@ -294,6 +294,10 @@
         <source>The file has %1 of the %2 fields that a servo keeps.</source>
         <translation>El archivo tiene %1 de los %2 campos que conserva un servo.</translation>
     </message>
+    <message>
+        <source>By now the servo may have the id %1 at %2 baud.</source>
+        <translation>Puede que el servo tenga ya el id %1 a %2 baudios.</translation>
+    </message>
 </context>
 <context>
     <name>EditView</name>

@@ -56,7 +56,7 @@ QString measurementNames()
     return names.join(QStringLiteral(", "));
 }
 
-/** Keeps the user's settings and simulated buses out of this process and its children, and the display too. */
+/** Keeps the user's settings, history and simulated buses out of this process and its children, and the display too. */
 void isolate(const QTemporaryDir &folder)
 {
     if (!folder.isValid())
@@ -64,6 +64,7 @@ void isolate(const QTemporaryDir &folder)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", folder.path().toLocal8Bit());
     qputenv("LC_ALL", "C");
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     QLocale::setDefault(QLocale::c());

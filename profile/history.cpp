@@ -10,7 +10,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLockFile>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <limits>
@@ -41,20 +40,21 @@ QString entryName(int number, const QDateTime &time)
 
 std::optional<EntryFile> entryFile(const QString &name)
 {
-    static const QRegularExpression Pattern(QStringLiteral(R"(^(\d{6,9})-(\d{8}T\d{6}Z)\.zservo$)"));
-    const QRegularExpressionMatch match = Pattern.match(name);
-    if (!match.hasMatch())
-        return std::nullopt; // somebody else's
-    QDateTime time = QDateTime::fromString(match.captured(2), TimeFormat);
+    const int number = name.section(QLatin1Char('-'), 0, 0).toInt();
+    const QString timeText = name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0);
+    QDateTime time = QDateTime::fromString(timeText, TimeFormat);
     time.setTimeSpec(Qt::UTC);
-    return EntryFile{name, match.captured(1).toInt(), time};
+    // Written anew, so that nobody else's file is taken for an entry.
+    if (!time.isValid() || entryName(number, time) != name)
+        return std::nullopt;
+    return EntryFile{name, number, time};
 }
 
 /** The entries in @p folder, newest first. */
 std::vector<EntryFile> entryFiles(const QString &folder)
 {
     std::vector<EntryFile> files;
-    const QStringList names = QDir(folder).entryList({QStringLiteral("*.zservo")}, QDir::Files);
+    const QStringList names = QDir(folder).entryList(QDir::Files); // with a filter Qt compiles a pattern each time
     for (const QString &name : names) {
         if (const auto file = entryFile(name))
             files.push_back(*file);
@@ -71,9 +71,8 @@ QString servoName(const ServoKey &servo)
 
 std::optional<ServoKey> servoOf(const QString &folderName)
 {
-    static const QRegularExpression Pattern(QStringLiteral(R"(^model-(\d{1,5})-id-(\d{1,3})$)"));
-    const QRegularExpressionMatch match = Pattern.match(folderName);
-    const ServoKey servo{match.captured(1).toUShort(), quint8(match.captured(2).toUShort())};
+    const QStringList parts = folderName.split(QLatin1Char('-'));
+    const ServoKey servo{parts.value(1).toUShort(), quint8(parts.value(3).toUShort())};
     // Written anew, so that no other folder is taken for the servo's.
     return servoName(servo) == folderName ? std::optional<ServoKey>(servo) : std::nullopt;
 }

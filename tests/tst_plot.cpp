@@ -34,12 +34,14 @@ void compareCursorsWith(const QList<QByteArray> &csv, StripArea &strips)
     const QStringList times = lines[1].split('\t');
     const QStringList positions = lines[2].split('\t');
     for (const int cursor : {1, 2}) {
-        const auto isAtCursor = [&](const QByteArray &line) {
-            return QString::number(line.split(',').value(1).toDouble(), 'f', 3) == times[cursor];
+        // On a busy machine two samples may come within one millisecond.
+        const auto isIt = [&](const QByteArray &line) {
+            const auto has = [fields = line.split(',')](int column, const QString &text) {
+                return QString::number(fields.value(column).toDouble(), 'f', 3) == text;
+            };
+            return has(1, times[cursor]) && has(2, positions[cursor]);
         };
-        const auto sample = std::find_if(csv.begin() + 1, csv.end(), isAtCursor);
-        QVERIFY2(sample != csv.end(), qPrintable(times[cursor]));
-        QCOMPARE(positions[cursor], QString::number(sample->split(',')[2].toDouble(), 'f', 3));
+        QVERIFY2(std::any_of(csv.begin() + 1, csv.end(), isIt), qPrintable(lines.join('\n')));
     }
     QVERIFY(times[1] != times[2]);
 }

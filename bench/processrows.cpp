@@ -12,8 +12,8 @@ const QString Program = QStringLiteral(ZELVAR_PROGRAM);
 const QString EmptyProgram = QStringLiteral(ZELVAR_BENCH_EMPTY_WINDOW);
 const QString Twin = QStringLiteral(ZELVAR_BENCH_TWIN);
 /** The ratios to the bare twin when they were last looked at; a change that makes one worse fails the benchmark. */
-constexpr double PaintedRatio = 1.05;
-constexpr double EndedRatio = 1.06;
+constexpr double PaintedRatio = 1.03;
+constexpr double EndedRatio = 1.03;
 constexpr int ShortestPollingInterval = 10; // ms
 constexpr int UnitFieldsTab = 0;
 constexpr int RegisterFieldsTab = 1;

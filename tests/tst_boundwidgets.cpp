@@ -1,5 +1,6 @@
 #include "tests/support/connectededitview.h"
 
+#include "widgets/fittedlabel.h"
 #include "widgets/zelvarcheckbox.h"
 #include "widgets/zelvarcombobox.h"
 #include "widgets/zelvardoublespinbox.h"
@@ -434,6 +435,24 @@ private Q_SLOTS:
             }
         }
         QApplication::setFont(usual);
+    }
+
+    void captionsAreNarrowedThenMadeSmallerThenCut()
+    {
+        QWidget window;
+        FittedLabel caption(&window);
+        caption.setText("Acceleration limit (rad/s²):");
+        window.show();
+        int whole = 0;
+        for (int width = caption.sizeHint().width(); width > 20; --width) {
+            caption.resize(width, caption.sizeHint().height());
+            const QImage look = caption.grab().toImage();
+            for (int y = 0; y < look.height(); ++y)
+                QCOMPARE(look.pixel(width - 1, y), look.pixel(width - 1, 0));
+            whole = caption.toolTip().isEmpty() ? width : whole;
+            QCOMPARE(caption.toolTip(), whole == width ? QString() : caption.text());
+        }
+        QVERIFY(whole > 20 && whole < caption.minimumSizeHint().width());
     }
 
     void aStepIsWorthWhatItShows()

@@ -1,28 +1,29 @@
 #include "widgets/fittedlabel.h"
 
-#include "widgets/fittedtext.h"
 #include "widgets/ground.h"
 
+#include <QEvent>
 #include <QFontMetrics>
-#include <QResizeEvent>
+#include <QPainter>
 
 FittedLabel::FittedLabel(QWidget *parent) : QLabel(parent) {}
 
 void FittedLabel::setText(const QString &text)
 {
     QLabel::setText(text);
-    m_widths.clear();
+    m_textWidth = -1;
     fit();
 }
 
 QSize FittedLabel::sizeHint() const
 {
-    return {textWidth(FullStretch) + surroundings(), QLabel::sizeHint().height()};
+    return {textWidth() + surroundings(), QLabel::sizeHint().height()};
 }
 
 QSize FittedLabel::minimumSizeHint() const
 {
-    return {textWidth(LeastStretch) + surroundings(), QLabel::minimumSizeHint().height()};
+    const int least = (textWidth() * LeastWidth + FullWidth - 1) / FullWidth;
+    return {least + surroundings(), QLabel::minimumSizeHint().height()};
 }
 
 void FittedLabel::showEvent(QShowEvent *event)
@@ -40,6 +41,8 @@ void FittedLabel::resizeEvent(QResizeEvent *event)
 bool FittedLabel::event(QEvent *event)
 {
     const bool isHandled = QLabel::event(event);
+    if (event->type() == QEvent::FontChange)
+        fit();
     ground::declareOwn(*this, *event);
     return isHandled;
 }
@@ -47,49 +50,43 @@ bool FittedLabel::event(QEvent *event)
 void FittedLabel::paintEvent(QPaintEvent *event)
 {
     ground::paint(*this, *event);
-    QLabel::paintEvent(event);
+    if (!m_fitted)
+        return QLabel::paintEvent(event);
+    QPainter painter(this);
+    drawFrame(&painter);
+    painter.setPen(palette().color(foregroundRole()));
+    m_fitted->draw(painter, textRoom(), int(alignment()));
 }
 
-int FittedLabel::textWidth(int stretch) const
+int FittedLabel::textWidth() const
 {
-    const QFont unstretched = stretchedFont(font(), FullStretch);
-    if (unstretched != m_measured) {
-        m_measured = unstretched;
-        m_widths.clear();
+    if (m_textWidth < 0 || font() != m_measuredFont) {
+        m_measuredFont = font();
+        m_textWidth = QFontMetrics(m_measuredFont).horizontalAdvance(text());
     }
-    const auto known = m_widths.constFind(stretch);
-    if (known != m_widths.constEnd())
-        return *known;
-    return *m_widths.insert(stretch, QFontMetrics(stretchedFont(m_measured, stretch)).horizontalAdvance(text()));
+    return m_textWidth;
 }
 
 /** What the label needs beside its text. */
 int FittedLabel::surroundings() const
 {
-    const QMargins margins = contentsMargins();
-    return margins.left() + margins.right() + 2 * (margin() + frameWidth());
+    return width() - textRoom().width();
 }
 
-/** Where to begin to look for the stretch that fits: one step above what the widths say, which are not quite linear. */
-int FittedLabel::firstStretch(int available) const
+QRect FittedLabel::textRoom() const
 {
-    const int share = FullStretch * qMax(available, 0) / qMax(textWidth(FullStretch), 1);
-    const int steps = (share - LeastStretch) / StretchStep + 2;
-    return qBound(LeastStretch, LeastStretch + steps * StretchStep, FullStretch);
+    return contentsRect().adjusted(margin(), margin(), -margin(), -margin());
 }
 
-/** Draws the letters together as far as needed; left to the time when the label is seen, since until then it grows. */
+/** Makes the text fit; left to the time when the label is seen, since until then it grows. */
 void FittedLabel::fit()
 {
     if (!isVisible())
         return;
-    const int available = width() - surroundings();
-    int stretch = firstStretch(available);
-    while (stretch > LeastStretch && textWidth(stretch) > available)
-        stretch -= StretchStep;
-    const bool isCut = textWidth(stretch) > available;
-    const int current = font().stretch() == QFont::AnyStretch ? FullStretch : font().stretch();
-    if (current != stretch)
-        setFont(stretchedFont(font(), stretch));
-    setToolTip(isCut ? text() : QString());
+    const QSize room = textRoom().size();
+    m_fitted.reset();
+    if (textWidth() > room.width())
+        m_fitted = fittedText(font(), text(), room);
+    setToolTip(m_fitted && m_fitted->isCut ? text() : QString());
+    update();
 }

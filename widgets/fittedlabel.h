@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QFont>
-#include <QHash>
+#include "widgets/fittedtext.h"
+
 #include <QLabel>
 
+#include <optional>
+
 /**
- * A one-line caption that is drawn with narrower letters when its text is wider than its place: the groups have fixed
- * sizes, while fonts, units and languages differ. A text that does not fit even then is in the tool tip.
+ * A one-line caption that is drawn with narrower letters, or smaller ones, when its text is wider than its place: the
+ * groups have fixed sizes, while fonts, units and languages differ. A text that is cut even then is in the tool tip.
  */
 class FittedLabel : public QLabel
 {
@@ -26,12 +28,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    int textWidth(int stretch) const;
+    int textWidth() const;
     int surroundings() const;
-    int firstStretch(int available) const;
+    QRect textRoom() const;
     void fit();
 
-    /** Pixels of the text at a stretch in m_measured; measuring is dear, and layouts ask again and again. */
-    mutable QHash<int, int> m_widths;
-    mutable QFont m_measured; ///< unstretched
+    /** Pixels of the text in m_measuredFont, or less than 0; measuring is dear, and layouts ask again and again. */
+    mutable int m_textWidth = -1;
+    mutable QFont m_measuredFont;
+    std::optional<FittedText> m_fitted; ///< nothing while there is room for the text as it is
 };

@@ -2,38 +2,45 @@
 
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QPainter>
 
 namespace {
 
 constexpr int LeastPixelSize = 8;
 
-bool fits(const QFont &font, const QString &text, const QSize &room)
-{
-    const QFontMetrics metrics(font);
-    return metrics.height() <= room.height() && metrics.horizontalAdvance(text) <= room.width();
-}
-
 } // namespace
 
-QFont stretchedFont(QFont font, int percent)
+int fittedWidth(int needed, int room)
 {
-    font.setStretch(percent);
-    return font;
+    constexpr int Step = 4;
+    const int share = needed <= room ? FullWidth : FullWidth * qMax(room, 0) / needed;
+    return qMax(LeastWidth, share - share % Step);
+}
+
+void FittedText::draw(QPainter &painter, const QRect &place, int flags) const
+{
+    const qreal share = qreal(letterWidth) / FullWidth;
+    painter.save();
+    painter.setFont(font);
+    painter.translate(place.topLeft());
+    painter.scale(share, 1.0);
+    painter.drawText(QRectF(0.0, 0.0, place.width() / share, place.height()), flags, text);
+    painter.restore();
 }
 
 FittedText fittedText(const QFont &font, const QString &text, const QSize &room)
 {
-    if (fits(font, text, room))
-        return {font, text, false};
     QFont fitted = font;
     for (int size = QFontInfo(font).pixelSize(); size >= LeastPixelSize; --size) {
-        fitted.setPixelSize(size);
-        for (int stretch = FullStretch; stretch >= LeastStretch; stretch -= StretchStep) {
-            fitted.setStretch(stretch);
-            if (fits(fitted, text, room))
-                return {fitted, text, false};
-        }
+        const QFontMetrics metrics(fitted);
+        const int needed = metrics.horizontalAdvance(text);
+        const int width = fittedWidth(needed, room.width());
+        if (metrics.height() <= room.height() && needed * width <= room.width() * FullWidth)
+            return {fitted, text, width};
+        fitted.setPixelSize(size - 1);
     }
-    const QString cut = QFontMetrics(fitted).elidedText(text, Qt::ElideRight, room.width());
-    return {fitted, cut, cut != text};
+    fitted.setPixelSize(LeastPixelSize);
+    const int wide = room.width() * FullWidth / LeastWidth;
+    const QString cut = QFontMetrics(fitted).elidedText(text, Qt::ElideRight, wide);
+    return {fitted, cut, LeastWidth, cut != text};
 }

@@ -128,22 +128,21 @@ void ZelvarComboBox::paintEvent(QPaintEvent *event)
     QStyleOptionComboBox option;
     initStyleOption(&option);
     QStylePainter painter(this);
-    painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    if (isBlank()) {
-        option.currentText.clear();
-        option.currentIcon = QIcon();
-    } else {
-        const FittedText fitting = fitted(option);
-        option.currentText = fitting.text;
-        painter.setFont(fitting.font);
-    }
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    painter.setPen(palette().color(QPalette::Text));
+    if (!isBlank())
+        fitted(option).draw(painter, textRoom(option), int(Qt::AlignVCenter | Qt::AlignLeft));
+}
+
+QRect ZelvarComboBox::textRoom(const QStyleOptionComboBox &option) const
+{
+    constexpr int Gap = 1; // pixel, as the styles leave between frame and text
+    return style()
+        ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
+        .adjusted(Gap, 0, -Gap, 0);
 }
 
 FittedText ZelvarComboBox::fitted(const QStyleOptionComboBox &option) const
 {
-    constexpr int Gap = 2; // pixels, as the styles leave between frame and text
-    const QRect room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return fittedText(font(), currentText(), room.size() - QSize(2 * Gap, 0));
+    return fittedText(font(), currentText(), textRoom(option).size());
 }

@@ -41,6 +41,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QRect textRoom(const QStyleOptionComboBox &option) const;
     FittedText fitted(const QStyleOptionComboBox &option) const;
 
     QListView *m_list;

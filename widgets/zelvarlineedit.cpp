@@ -77,10 +77,8 @@ void ZelvarLineEdit::paintEvent(QPaintEvent *event)
     initStyleOption(&option);
     QStylePainter painter(this);
     painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
-    const FittedText fitting = fitted();
-    painter.setFont(fitting.font);
     painter.setPen(option.palette.color(QPalette::Text));
-    painter.drawText(textRoom(), int(Qt::AlignVCenter | alignment()), fitting.text);
+    fitted().draw(painter, textRoom(), int(Qt::AlignVCenter | alignment()));
 }
 
 QRect ZelvarLineEdit::textRoom() const

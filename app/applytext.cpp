@@ -88,13 +88,14 @@ QString partText(const QWidget &view, const FieldBinding &binding, quint32 bits)
 }
 
 /** What the form calls @p control, without its unit; empty where it does not say. */
-QString formCaption(const QWidget &view, const QWidget &control)
+QString formCaption(const QWidget &control)
 {
     if (!control.accessibleName().isEmpty())
         return control.accessibleName();
     if (const auto *button = qobject_cast<const QAbstractButton *>(&control))
         return button->text();
-    const auto labels = view.findChildren<QLabel *>();
+    // A caption stands beside its control; the whole view has ten times as many labels, and a poll may ask for seven.
+    const auto labels = control.parentWidget()->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
     for (const QLabel *label : labels) {
         if (label->buddy() != &control)
             continue;
@@ -193,7 +194,7 @@ QString ApplyText::caption(const model::Field &field) const
     const auto bindings = isOwn(field) ? fieldBindings(field) : model::Rows<FieldBinding>();
     const auto *control =
         bindings.isEmpty() ? nullptr : m_view.findChild<QWidget *>(QLatin1String(bindings.begin()->control));
-    QString caption = control ? formCaption(m_view, *control).trimmed() : QString();
+    QString caption = control ? formCaption(*control).trimmed() : QString();
     if (caption.endsWith(QLatin1Char(':')))
         caption.chop(1);
     return caption.isEmpty() ? ZelvarV1::fieldLabel(field) : caption;
